@@ -1,0 +1,94 @@
+#pragma once
+
+#include "front/fusszeile.h"
+#include "platform/form.h"
+#include "platform/windowed.h"
+#include "store/umgebung.h"
+
+namespace klopfmeise {
+
+/// The start page of the course: where the child stands, what the stage is about, and the way into it.
+class Tastatur0 final : public Form {
+public:
+    explicit Tastatur0(const Umgebung& umgebung);
+
+    void Form_Load() override;
+    void Form_KeyPress(int zeichencode) override;
+
+private:
+    void Startaufstellung();
+    void cmdNeuesSpiel_Click();
+    void imgAbbildung_Click();
+    void imgHilfe_Click();
+    void imgEnde_Click();
+
+    static constexpr Font groß{courier, 18, true};
+    static constexpr Font mittel{courier, 14.25, true};
+    /// The fonts of titles and hints: one line of 51 characters, and two of them.
+    static constexpr Font titelschrift{courier, 12, true};
+    static constexpr Font hinweisschrift{courier, 12};
+    static LabelLook mitte(const wchar_t* text, const Font& schrift, Color farbe = colors::black) {
+        return {.caption = text, .font = schrift, .fore = farbe, .align = Align::center};
+    }
+    static ShapeLook rahmen() { return {.fill = RGB(247, 247, 244), .outline = colors::panel}; }
+
+    Umgebung umgebung_;
+    int Lektionsnummer_ = 1;
+    std::wstring Lektionsart_;
+    /// True if there is a text to type, so that START leads somewhere.
+    bool bereit_ = false;
+
+    Shape Shape1_0{*this, L"Shape1", {1890, 840, 8100, 2955}, rahmen()};
+    Shape Shape1_1{*this, L"Shape1", {1890, 3810, 8100, 1005}, rahmen()};
+    Shape Shape1_2{*this, L"Shape1", {1890, 4860, 8100, 1020}, rahmen()};
+
+    Label Label1_0{
+        *this, L"Label1", {105, 210, 11775, 540}, mitte(L"Dein Lernstand im Klopfmeise-Kurs", groß), 0};
+    Label LblLektion{*this, L"LblLektion", {2100, 945, 7680, 330}, mitte(L"", mittel)};
+    Label lblNameLektion{*this, L"lblNameLektion", {2100, 1260, 7680, 540}, mitte(L"", titelschrift)};
+    Picture imgAbbildung{*this,
+                         L"imgAbbildung",
+                         {4620, 1890, 2790, 1425},
+                         {.pointer = Pointer::hand,
+                          .spoken = L"Tastatur mit den Tasten der Lektion, vergrößern",
+                          .click = [this] { imgAbbildung_Click(); }}};
+    Label lblEnlarge{*this,
+                     L"lblEnlarge",
+                     {2205, 3360, 7680, 330},
+                     mitte(L"Zum Vergrößern klicken!", hinweisschrift, colors::textGrey)};
+    Label lblStufe{*this, L"lblStufe", {2100, 3885, 7680, 330}, mitte(L"", mittel)};
+    Label lblNameStufe{*this, L"lblNameStufe", {2100, 4200, 7680, 540}, mitte(L"", titelschrift)};
+    Label lblHinweis{
+        *this, L"lblHinweis", {2100, 4935, 7680, 330}, mitte(L"Aktueller Lern-Hinweis:", mittel)};
+    Label lblHinweisName{*this, L"lblHinweisName", {2100, 5250, 7680, 540}, mitte(L"", hinweisschrift)};
+    Label Label1_3;
+    Label lblGenauigkeit;
+    Label Label1_2;
+    Label lblSpeed;
+    Button cmdNeuesSpiel{*this,
+                         L"cmdNeuesSpiel",
+                         {1890, 6300, 8100, 1275},
+                         {.caption = L"START",
+                          .font = {courier, 36, true},
+                          .back = colors::blush,
+                          .tabStop = false,
+                          .click = [this] { cmdNeuesSpiel_Click(); }}};
+    Fusszeile fuss_{*this, L"Klopfmeise - Der Kurs"};
+    Picture imgHilfe{*this,
+                     L"imgHilfe",
+                     {9870, 7980, 900, 900},
+                     {.picture = L"knopf_hilfe",
+                      .pointer = Pointer::hand,
+                      .toolTip = L"Hilfe",
+                      .click = [this] { imgHilfe_Click(); }},
+                     0};
+    Picture imgEnde{*this,
+                    L"imgEnde",
+                    {10920, 7980, 900, 900},
+                    {.picture = L"knopf_ende",
+                     .pointer = Pointer::hand,
+                     .toolTip = L"Zurück zur Titelseite",
+                     .click = [this] { imgEnde_Click(); }}};
+};
+
+} // namespace klopfmeise

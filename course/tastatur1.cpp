@@ -1,0 +1,232 @@
+#include "course/tastatur1.h"
+
+#include "course/stufenabschluss.h"
+#include "front/bildwechsel.h"
+#include "platform/text.h"
+#include "platform/windows1252.h"
+#include "store/lektionsdatei.h"
+#include "store/pfade.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace klopfmeise {
+
+namespace {
+
+constexpr int eingabe = 13;
+/// Milliseconds that a run stopped by an error stays on the screen.
+constexpr int stopppause = 2000;
+
+} // namespace
+
+Tastatur1::Tastatur1(const Umgebung& umgebung)
+    : Form(umgebung.runtime, L"Tastatur1", {.picture = L"hintergrund_tastatur"})
+    , umgebung_(umgebung) {
+    lblPosV(Zellen).setFontName(wingdings);
+}
+
+PictureLook Tastatur1::knopf(const wchar_t* bild, const wchar_t* tip, void (Tastatur1::*klick)()) {
+    return {.picture = bild, .pointer = Pointer::hand, .toolTip = tip, .click = [this, klick] {
+                umgebung_.klang(L"knopf.wav");
+                (this->*klick)();
+            }};
+}
+
+void Tastatur1::Form_Load() {
+    centre();
+    fuss_.LblName.setCaption(kontoname(umgebung_.global));
+    fuss_.LblKlasse.setCaption(umgebung_.global.AktuelleKlasse);
+    Nullen();
+    Startaufstellung();
+}
+
+void Tastatur1::Nullen() {
+    Pos = 1;
+    ErfolgDurchgaenge = 0;
+    Durchgang = 1;
+}
+
+bool Tastatur1::Startaufstellung() {
+    Timer1.setEnabled(false);
+    for (int i = 1; i <= Zeichenplätze; ++i) {
+        lblPosO(i).setCaption(L"");
+        lblPosO(i).setBack(colors::white);
+    }
+    bild_.fingerAus();
+    const auto gelesen = kurskontoLesen(umgebung_.dateien(), kontopfad(umgebung_.global));
+    konto_ = gelesen.value_or(Kurskonto{});
+    LblLektion.setCaption(L"Lektion " + std::to_wstring(konto_.Lektionsnummer) + L" (Stufe " +
+                          std::to_wstring(konto_.Stufennummer) + L")");
+    Zeitlimit = konto_.Tempowert / 10.0 * Zellen;
+    lblGenau.setCaption(genauigkeitText(konto_.Genauigkeit, umgebung_.dezimalzeichen()));
+    frmVorlage.setVisible(konto_.Vorlagemodus == 1);
+
+    const Lektion lektion = lektionLesen(
+        umgebung_.dateien(), lektionspfad(umgebung_.global, konto_.Lektionsnummer), konto_.Stufennummer);
+    if (!gelesen || !lektion.vollstaendig()) {
+        Bildwechsel(umgebung_, *this, L"Tastatur0");
+        return false;
+    }
+    Stufenzahl = *lektion.Stufenzahl;
+    const std::wstring& text = lektion.stufe->Stufentext;
+    Zeilenlaenge = std::min(static_cast<int>(text.size()), Zeichenplätze);
+
+    for (int i = 1; i <= Zellen; ++i) {
+        const bool offen = i <= Zeilenlaenge + 1;
+        if (offen)
+            lblPosV(i).setCaption(i <= Zeilenlaenge ? std::wstring(1, text[static_cast<std::size_t>(i) - 1])
+                                                    : L"");
+        for (Label* zelle : {&lblPosV(i), &lblPosO(i), &lblPosU(i)})
+            zelle->setVisible(offen);
+    }
+    lblZeit.setWidth(0);
+    lblZeit.setCaption(L"");
+    Fehlerzahl = 0;
+    Anzeige();
+    FingerLeuchten();
+    repaint();
+    lblPosV(Zellen).setCaption(Endemarke.caption());
+    sperre_.TasteFrei = true;
+    return true;
+}
+
+void Tastatur1::Anzeige() {
+    lblFehler.setCaption(std::to_wstring(Fehlerzahl));
+    lblFehler.setBack(Fehlerzahl == 0 ? colors::right : colors::wrong);
+    lblDurchgang.setCaption(std::to_wstring(Durchgang));
+    lblErfolg.setCaption(std::to_wstring(ErfolgDurchgaenge) + L" / " +
+                         std::to_wstring(konto_.Durchgangszahl));
+}
+
+void Tastatur1::FingerLeuchten() {
+    bild_.leeren();
+    if (Pos > Zeilenlaenge + 1)
+        return;
+    bild_.leuchten(lblPosV(Pos).caption(), lblPosV(Pos).font().name);
+    if (Pos == Zellen)
+        bild_.aufTasteZeigen(TasteEingabe);
+    bild_.zeichenAufFinger();
+}
+
+void Tastatur1::Form_KeyDown(int tastencode) {
+    if (sperre_.durchlassen())
+        bild_.TastenLeuchten2(tastencode);
+}
+
+void Tastatur1::Form_KeyPress(int zeichencode) {
+    bild_.TastenLeuchten(zeichencode, true);
+    const bool zeilenende = Pos == Zeilenlaenge + 1 && zeichencode == eingabe;
+    const wchar_t zeichen = ausWindows1252(static_cast<unsigned char>(zeichencode));
+    const bool richtig = Pos < Zellen && lblPosV(Pos).caption() == std::wstring(1, zeichen);
+    if (zeilenende || richtig)
+        richtigeTaste(zeichencode, zeilenende);
+    else if (Pos != 1 && Pos != Zeilenlaenge + 1)
+        falscheTaste(zeichencode);
+}
+
+void Tastatur1::richtigeTaste(int zeichencode, bool zeilenende) {
+    if (Pos == 1) {
+        Startzeit = umgebung_.uhr().seconds();
+        Timer1.setEnabled(true);
+    }
+    GenauigkeitFortschreiben();
+    if (zeilenende)
+        umgebung_.klang(L"typewriterding.wav");
+    lblPosO(Pos).setBack(colors::white);
+    lblPosO(Pos).setCaption(std::wstring(1, ausWindows1252(static_cast<unsigned char>(zeichencode))));
+    ++Pos;
+    PositionsAnzeiger();
+}
+
+void Tastatur1::falscheTaste(int zeichencode) {
+    lblPosO(Pos).setBack(colors::red);
+    umgebung_.klang(L"falsch.wav");
+    ++Fehlerzahl;
+    Anzeige();
+    GenauigkeitFortschreiben();
+    if (konto_.Fehlerstopp != 1)
+        return;
+    lblPosO(Pos).setCaption(std::wstring(1, ausWindows1252(static_cast<unsigned char>(zeichencode))));
+    lblPosO(Pos).repaint();
+    runtime().wait(stopppause);
+    lblPosU(Pos).setBack(colors::white);
+    Pos = 1;
+    ++Durchgang;
+    Startaufstellung();
+}
+
+void Tastatur1::GenauigkeitFortschreiben() {
+    const auto neu = genauigkeitFortschreiben(umgebung_.dateien(), kontopfad(umgebung_.global),
+                                              {konto_.Lektionsnummer, Pos, Fehlerzahl});
+    if (neu)
+        lblGenau.setCaption(genauigkeitText(*neu, umgebung_.dezimalzeichen()));
+}
+
+void Tastatur1::PositionsAnzeiger() {
+    bild_.fingerAus();
+    FingerLeuchten();
+    for (int i = 1; i <= Zellen; ++i)
+        lblPosU(i).setBack(colors::white);
+    if (Pos == Zeilenlaenge + 2) {
+        Pos = 1;
+        ++Durchgang;
+        const bool inZeit =
+            konto_.Zeitmodus == 0 || (konto_.Zeitmodus == 1 && lblZeit.back() == colors::right);
+        if (Fehlerzahl == 0 && inZeit)
+            ++ErfolgDurchgaenge;
+        Anzeige();
+        if (!Startaufstellung())
+            return;
+        if (ErfolgDurchgaenge == konto_.Durchgangszahl) {
+            stufeAbschließen();
+            return;
+        }
+    }
+    lblPosU(Pos).setBack(colors::black);
+}
+
+void Tastatur1::stufeAbschließen() {
+    --Durchgang;
+    lblDurchgang.setCaption(std::to_wstring(Durchgang));
+    repaint();
+    stufeBestanden(umgebung_.dateien(), kontopfad(umgebung_.global), konto_, Stufenzahl,
+                   [this] { LblLektion.setCaption(L"Lektion " + std::to_wstring(konto_.Lektionsnummer)); });
+    Bildwechsel(umgebung_, *this, L"Tastatur0");
+}
+
+void Tastatur1::Timer1_Timer() {
+    if (konto_.Zeitmodus == 0)
+        return;
+    const wchar_t dezimal = umgebung_.dezimalzeichen();
+    const int volleBreite = lblPosO(Zellen).right() - lblPosO(1).left();
+    const double E = verstrichen();
+    const std::wstring zehntel = formatted(E, 1, dezimal);
+    if (zehntel == LetzteAnzeige)
+        return;
+    lblZeit.setCaption(formatted(E, 0, dezimal) + L" sek");
+    LetzteAnzeige = zehntel;
+    // Twice the width is beyond the margin and beyond every comparison.
+    lblZeit.setWidth(static_cast<int>(std::lround(std::min(E * volleBreite / Zeitlimit, 2.0 * volleBreite))));
+    const int balken = lblZeit.right();
+    const bool voraus = lblPosO(Pos).right() >= balken;
+    lblZeit.setBack(voraus || Pos >= Zellen ? colors::right : colors::wrong);
+    if (lblPosO(Zeilenlaenge + 1).right() <= balken) {
+        Timer1.setEnabled(false);
+        lblZeit.setCaption(numberText(Zeitlimit, dezimal) + L" sek");
+        lblZeit.setWidth(volleBreite);
+    }
+}
+
+void Tastatur1::Timer2_Timer() {
+    Label& spalte = lblPosU(Pos);
+    spalte.setBack(spalte.back() == colors::black ? colors::panel : colors::black);
+}
+
+void Tastatur1::imgNeu_Click() { Bildwechsel(umgebung_, *this, L"Tastatur0"); }
+
+void Tastatur1::imgHilfe_Click() { runtime().show(L"Hilfe"); }
+
+void Tastatur1::imgEnde_Click() { Bildwechsel(umgebung_, *this, L"Lern1"); }
+
+} // namespace klopfmeise

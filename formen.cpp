@@ -1,0 +1,31 @@
+#include "formen.h"
+
+#include "course/tastatur0.h"
+#include "course/tastatur1.h"
+#include "front/lern1.h"
+#include "front/start.h"
+#include "teacher/frm_abbildung.h"
+#include "teacher/frm_pfad.h"
+
+namespace klopfmeise {
+
+namespace {
+
+template <class F>
+void eintragen(const Umgebung& umgebung, std::wstring_view name) {
+    umgebung.runtime.add(name, [umgebung] { return std::make_unique<F>(umgebung); });
+}
+
+} // namespace
+
+void formenEintragen(const Umgebung& umgebung) {
+    eintragen<frmStart>(umgebung, L"frmStart");
+    eintragen<frmTemp>(umgebung, L"frmTemp");
+    eintragen<Lern1>(umgebung, L"Lern1");
+    eintragen<Tastatur0>(umgebung, L"Tastatur0");
+    eintragen<Tastatur1>(umgebung, L"Tastatur1");
+    eintragen<frmAbbildung>(umgebung, L"frmAbbildung");
+    eintragen<frmPfad>(umgebung, L"frmPfad");
+}
+
+} // namespace klopfmeise

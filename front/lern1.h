@@ -1,0 +1,202 @@
+#pragma once
+
+#include "front/fusszeile.h"
+#include "platform/control_array.h"
+#include "platform/form.h"
+#include "platform/windowed.h"
+#include "store/umgebung.h"
+
+namespace klopfmeise {
+
+/// The title page: class list, name list, exercise menu, code pad, end question and info page are six frames
+/// at one place, of which at most one is visible. Everything is reached from here, and everything returns
+/// here.
+class Lern1 final : public Form {
+public:
+    explicit Lern1(const Umgebung& umgebung);
+
+    void Form_Load() override { centre(); }
+    void Form_Activate() override;
+    void Form_MouseMove() override { keineGruppeHervorheben(); }
+
+private:
+    void Zurück();
+    void KlassenlisteFüllen();
+    void keineGruppeHervorheben();
+    void ZugangsTest();
+    void FußknöpfeZeigen(bool zeigen);
+
+    void LblGruppe_MouseMove(int index);
+    void LblGruppe_MouseDown(int index);
+    void File1_MouseDown();
+    void cmdAllesZurück_Click();
+    void cmdLehrkraft_Click();
+    void cmdInfo_Click();
+    void cmdInfoOk_Click();
+    void imgEnde_Click();
+    void cmdJa_Click();
+    void cmdNein_Click();
+    void cmdPinZahl_Click(int index);
+    void cmdPiZurück_Click();
+    void cmdPinOk_Click();
+    void command1_Click();
+    void Text1_KeyPress(KeyPress& taste);
+    void cmdÜbung_Click(int index);
+    void cmdKonto_Click();
+    void Label4_Click();
+
+    void knopfklang() const { umgebung_.klang(L"knopf.wav"); }
+    PictureLook knopf(const wchar_t* bild, const wchar_t* tip, void (Lern1::*klick)());
+    static LabelLook überschrift(const wchar_t* text);
+    static LabelLook angabe(const wchar_t* text);
+
+    Umgebung umgebung_;
+
+    Fusszeile fuss_{*this};
+    FolderList Dir1{*this, L"Dir1", {0, 0, 1200, 600}, {.visible = false}};
+
+    static constexpr Rect Rahmenplatz{2205, 2520, 7470, 4530};
+    static constexpr Rect Kopfplatz{105, 0, 7260, 435};
+
+    Picture cmdLehrkraft{*this,
+                         L"cmdLehrkraft",
+                         {8820, 7980, 900, 900},
+                         knopf(L"knopf_lehrkraft", L"Einstellungsmodus", &Lern1::cmdLehrkraft_Click)};
+    Picture cmdInfo{*this,
+                    L"cmdInfo",
+                    {9870, 7980, 900, 900},
+                    knopf(L"knopf_info", L"über Klopfmeise...", &Lern1::cmdInfo_Click)};
+    Picture imgEnde{*this,
+                    L"imgEnde",
+                    {10920, 7980, 900, 900},
+                    knopf(L"knopf_ende", L"Klopfmeise beenden", &Lern1::imgEnde_Click)};
+    Picture cmdAllesZurück{*this,
+                           L"cmdAllesZurück",
+                           {9975, 2310, 900, 900},
+                           knopf(L"knopf_zurueck", L"Zurück", &Lern1::cmdAllesZurück_Click)};
+
+    Frame frmKlasse{*this, L"frmKlasse", Rahmenplatz, {.visible = false, .mouseMove = [this] {
+                                                           keineGruppeHervorheben();
+                                                       }}};
+    Label Label1_0{frmKlasse, L"Label1", Kopfplatz, überschrift(L"Wähle deine Gruppe!"), 0};
+    Shape Shape2{frmKlasse, L"Shape2", {1260, 570, 4935, 3915}, {.outline = colors::white}};
+    ControlArray<Label> LblGruppe{frmKlasse,
+                                  L"LblGruppe",
+                                  0,
+                                  8,
+                                  [](int i) {
+                                      return Rect{1365, 630 + 420 * i, 4320, 435};
+                                  },
+                                  [this](int i) {
+                                      return LabelLook{.font = {courier, 18, true},
+                                                       .wrap = false,
+                                                       .pointer = Pointer::hand,
+                                                       .mouseDown = [this, i] { LblGruppe_MouseDown(i); },
+                                                       .mouseMove = [this, i] { LblGruppe_MouseMove(i); }};
+                                  }};
+    ScrollBar ScrGruppe{frmKlasse,
+                        L"ScrGruppe",
+                        {5790, 630, 330, 3795},
+                        {.largeStep = 9, .vertical = true, .spoken = L"Gruppen blättern", .change = [this] {
+                             KlassenlisteFüllen();
+                         }}};
+
+    Frame frmNamen{*this, L"frmNamen", Rahmenplatz, {.visible = false}};
+    Label Label1_1{frmNamen, L"Label1", Kopfplatz, überschrift(L"Wähle deinen Namen!"), 1};
+    FileList File1{frmNamen,
+                   L"File1",
+                   {1050, 525, 5370, 3675},
+                   {.pattern = L"*._", .font = {courier, 18, true}, .spoken = L"Namen", .mouseDown = [this] {
+                        File1_MouseDown();
+                    }}};
+    TextBox txtKeineKonten{frmNamen,
+                           L"txtKeineKonten",
+                           {1050, 525, 5370, 3690},
+                           {.back = colors::panel,
+                            .align = Align::center,
+                            .multiLine = true,
+                            .readOnly = true,
+                            .visible = false,
+                            .spoken = L"Hinweis"}};
+
+    Frame frmSprache{*this, L"frmSprache", Rahmenplatz, {.visible = false}};
+    Label Label1_2{frmSprache, L"Label1", Kopfplatz, überschrift(L"Wähle eine Übung!"), 2};
+    ControlArray<Picture> cmdÜbungVorlage;
+    ControlArray<Picture> cmdÜbung;
+    Line Line1_0{frmSprache, L"Line1", {930, 2595, 6450, 2595}, {.color = colors::midGrey}, 0};
+    Line Line1_1{frmSprache, L"Line1", {930, 2610, 6450, 2610}, {.color = colors::white}, 1};
+    Picture cmdKonto{
+        frmSprache,
+        L"cmdKonto",
+        {3240, 3045, 900, 900},
+        {.picture = L"knopf_konto", .pointer = Pointer::hand, .spoken = L"Mein Kontostand", .click = [this] {
+             cmdKonto_Click();
+         }}};
+
+    Frame frmPin{*this, L"frmPin", Rahmenplatz, {.visible = false}};
+    Label Label1_3{frmPin, L"Label1", Kopfplatz, überschrift(L"Einstellungsmodus"), 3};
+    Label Label5_0{frmPin,
+                   L"Label5",
+                   {210, 570, 7050, 750},
+                   angabe(L"Geben Sie den Code für den Einstellungsodus ein und bestätigen Sie anschließend "
+                          L"Ihre Eingabe mit der Eingabe- bzw. Entertaste auf Ihrer Tastatur!"),
+                   0};
+    Label Label5_1{frmPin,
+                   L"Label5",
+                   {210, 1425, 7050, 240},
+                   angabe(L"(Im Auslieferungszustand lautet der Code \"7294\".)"),
+                   1};
+    Frame Frame1{frmPin, L"Frame1", {2415, 1920, 2745, 2535}, {}};
+    TextBox Text1{Frame1,
+                  L"Text1",
+                  {105, 210, 2535, 405},
+                  {.font = {courier, 18, true},
+                   .align = Align::center,
+                   .maxLength = 4,
+                   .passwordSign = L'*',
+                   .spoken = L"Zugangscode",
+                   .keys = {.press = [this](KeyPress& taste) { Text1_KeyPress(taste); }}}};
+    ControlArray<Button> cmdPinZahl;
+    Button cmdPiZurück{Frame1, L"cmdPiZurück", {105, 1995, 855, 435}, {.caption = L"Entf", .click = [this] {
+                                                                           cmdPiZurück_Click();
+                                                                       }}};
+    Button cmdPinOk{Frame1, L"cmdPinOk", {1785, 1995, 855, 435}, {.caption = L"OK", .click = [this] {
+                                                                      cmdPinOk_Click();
+                                                                  }}};
+    Picture command1{frmPin,
+                     L"command1",
+                     {6405, 3465, 900, 900},
+                     knopf(L"knopf_zurueck", L"Zurück", &Lern1::command1_Click)};
+
+    Frame frmEnde{*this, L"frmEnde", Rahmenplatz, {.visible = false}};
+    Label Label1_4{frmEnde, L"Label1", Kopfplatz, überschrift(L"Willst du wirklich beenden?"), 4};
+    Picture cmdJa{frmEnde, L"cmdJa", {2310, 1785, 900, 900}, knopf(L"knopf_ja", L"Ja", &Lern1::cmdJa_Click)};
+    Picture cmdNein{
+        frmEnde, L"cmdNein", {4305, 1785, 900, 900}, knopf(L"knopf_nein", L"Nein", &Lern1::cmdNein_Click)};
+
+    Frame frmInfo{*this, L"frmInfo", Rahmenplatz, {.visible = false}};
+    Label Label1_5{frmInfo, L"Label1", Kopfplatz, überschrift(L"Über das Programm..."), 5};
+    Picture Image4{frmInfo, L"Image4", {420, 840, 1800, 1800}, {.picture = L"logo", .spoken = L"Klopfmeise"}};
+    Label Label4_8{frmInfo, L"Label4", {2520, 900, 4800, 240}, angabe(L"Programm-Name: Klopfmeise"), 8};
+    Label Label4_2{frmInfo, L"Label4", {2520, 1260, 4800, 240}, angabe(L"Versionsnummer: 1.1.1"), 2};
+    Label Label4_4{frmInfo, L"Label4", {2520, 1620, 4800, 240}, angabe(L"Datum: 28. Oktober 2007"), 4};
+    Label Label4_1{frmInfo,
+                   L"Label4",
+                   {420, 2940, 5700, 240},
+                   angabe(L"Ein Tipp-Kurs für Schulen, gemacht vom Klopfmeise-Team."),
+                   1};
+    Label Label4_0{frmInfo,
+                   L"Label4",
+                   {420, 3300, 3600, 240},
+                   {.caption = L"www.klopfmeise.example",
+                    .fore = RGB(0, 64, 160),
+                    .pointer = Pointer::hand,
+                    .click = [this] { Label4_Click(); }},
+                   0};
+    Picture cmdInfoOk{frmInfo,
+                      L"cmdInfoOk",
+                      {6195, 3465, 900, 900},
+                      knopf(L"knopf_ok", L"Schließen", &Lern1::cmdInfoOk_Click)};
+};
+
+} // namespace klopfmeise

@@ -1,0 +1,53 @@
+#include "store/mdl_dir.h"
+
+#include "platform/text.h"
+#include "store/mdl_registry.h"
+
+#include <algorithm>
+#include <array>
+
+namespace klopfmeise {
+
+std::wstring DateiName(const std::wstring& pfad) {
+    // npos + 1 is 0: a path without a backslash is its own name.
+    return pfad.substr(pfad.rfind(L'\\') + 1);
+}
+
+bool DateiVorhanden(Files& dateien, const std::wstring& pfad) {
+    const std::wstring gefunden = dateien.search(pfad);
+    return !gefunden.empty() && upper(gefunden) == upper(DateiName(pfad));
+}
+
+std::wstring mitBackslash(std::wstring pfad) {
+    if (!pfad.ends_with(L'\\'))
+        pfad += L'\\';
+    return pfad;
+}
+
+std::wstring DatenablageLesen(Services& dienste) {
+    std::wstring wert = RegistryText(dienste.registry, L"Datenablage");
+    if (!wert.empty())
+        wert.pop_back();
+    return mitBackslash(dienste.files.entered(wert));
+}
+
+bool zulaessigeDatenablage(Files& dateien, const std::wstring& ordner) {
+    constexpr std::array marken{L"Gruppen\\kme.ein", L"Data\\Tastatur\\Lektion1.bmp",
+                                L"Data\\Texte\\Text_001.txt"};
+    constexpr std::size_t kuerzester = 4;
+    return std::ranges::all_of(
+               marken, [&](const wchar_t* marke) { return DateiVorhanden(dateien, ordner + marke); }) &&
+           ordner.size() >= kuerzester && dateien.folderExists(ordner);
+}
+
+const wchar_t* const DatenablageErklaerung =
+    L"Für eine Datenablage kommt ausschließlich jener Ordner in Frage, den Klopfmeise während der "
+    L"Installation standardmäßig in den von Windows dafür vorgesehenen Ordner kopiert (bei Windows XP ist "
+    L"das z. B. 'C:\\Dokumente und Einstellungen\\All Users\\Anwendungsdaten\\Klopfmeise\\', bei Vista ist "
+    L"es 'C:\\Program Data\\Klopfmeise\\.'), oder den Sie als Anwender manuell an einem anderen Ort (z. B. "
+    L"'C:\\Klopfmeise-Daten' oder '\\\\server\\Klopfmeise-Daten') angelegt haben (z. B. durch Kopie des "
+    L"standardmäßigen Ordners). In jedem Fall muss der Ordner für die Datenablage folgende Unterordner samt "
+    L"aller weiteren Unterordner und Dateien besitzen: Data, Gruppen. Selbstverständlich ist dieser Ordner "
+    L"mit vollen Lese- und Schreibrechten für alle Benutzer freizugeben.";
+
+} // namespace klopfmeise

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/services.h"
+
+#include <string>
+
+namespace klopfmeise {
+
+/// The part behind the last backslash; the whole path where there is none.
+std::wstring DateiName(const std::wstring& pfad);
+
+/// True if a file with exactly this path exists, names compared in upper case.
+bool DateiVorhanden(Files& dateien, const std::wstring& pfad);
+
+/// The path with a closing backslash.
+std::wstring mitBackslash(std::wstring pfad);
+
+/// The data folder as the machine-wide value names it: its last character dropped (a terminator or the
+/// closing backslash), then a backslash appended where none ends it. "\" where the value is missing.
+std::wstring DatenablageLesen(Services& dienste);
+
+/// Whether a folder, given with its closing backslash, can be the data folder: the three marker files, four
+/// characters at the least, and a directory.
+bool zulaessigeDatenablage(Files& dateien, const std::wstring& ordner);
+
+/// What a data folder has to be, for the messages that refuse one.
+extern const wchar_t* const DatenablageErklaerung;
+inline constexpr const wchar_t* DatenablageUnzulaessig = L"Kein zulässiger Ordner für die Datenablage";
+
+} // namespace klopfmeise

@@ -1,0 +1,291 @@
+#include "platform/drawn.h"
+#include "platform/windowed.h"
+#include "tests/buehne.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+
+namespace klopfmeise {
+namespace {
+
+using std::string_literals::operator""s;
+
+class Einzeiler : public ::testing::Test {
+protected:
+    Bühne b;
+
+    void öffnen() { b.öffnen(L"Tastatur1"); }
+    Label& zelle(int i) { return b.control<Label>(L"lblPosO", i); }
+    double genauigkeit() { return zahlAus(b.satz(Kontosatz::Genauigkeit)).value_or(-1); }
+    /// One run of the lesson's first text; with `fehler` one wrong key in its midst.
+    void lauf(bool fehler = false) {
+        b.user.type(L"f");
+        if (fehler)
+            b.user.type(L"x");
+        b.user.type(L"j f\r");
+    }
+    std::wstring letzterKlang() { return b.sound.played.back(); }
+};
+
+TEST_F(Einzeiler, AChildsRoadPassesTheStageAndWritesTheToldBytes) {
+    b.zurÜbung(1);
+    ASSERT_EQ(b.aktiv(), L"Tastatur0");
+    EXPECT_EQ(b.caption(L"LblLektion"), L"Lektion 1");
+    EXPECT_EQ(b.caption(L"lblStufe"), L"Stufe 1 von 2");
+    EXPECT_EQ(b.caption(L"lblNameStufe"), L"Titel 1");
+    EXPECT_EQ(b.caption(L"lblHinweisName"), L"Hinweis 1");
+    EXPECT_EQ(b.caption(L"lblGenauigkeit"), L"100,00 %");
+    EXPECT_EQ(b.caption(L"lblSpeed"), L"1 sek / Buchstabe");
+    b.user.type(L'x');
+    EXPECT_EQ(b.aktiv(), L"Tastatur0");
+    b.user.type(L' ');
+    ASSERT_EQ(b.aktiv(), L"Tastatur1");
+    EXPECT_EQ(b.caption(L"LblLektion"), L"Lektion 1 (Stufe 1)");
+    lauf();
+    EXPECT_EQ(letzterKlang(), L"typewriterding.wav");
+    EXPECT_EQ(b.caption(L"lblErfolg"), L"1 / 3");
+    EXPECT_EQ(b.caption(L"lblDurchgang"), L"2");
+    lauf();
+    b.user.type(L"fj f");
+    EXPECT_EQ(b.slot(33, 4), "\x02\x00\x00\x00"s);
+    b.user.type(L'\r');
+    ASSERT_EQ(b.aktiv(), L"Tastatur0");
+    EXPECT_EQ(b.caption(L"lblStufe"), L"Stufe 2 von 2");
+    EXPECT_EQ(b.slot(32, 4), "\x02\x00\x01\x00"s);
+    EXPECT_EQ(b.slot(33, 4), "\x02\x00\x02\x00"s);
+    EXPECT_EQ(b.slot(36, 10), "\x05\x00\x00\x00\x00\x00\x00\x00\x59\x40"s);
+    EXPECT_EQ(b.slot(31, 4), "\x02\x00\x00\x00"s);
+    b.user.click(L"cmdNeuesSpiel");
+    for (int i = 0; i < 3; ++i)
+        b.user.type(L"ff jj\r");
+    EXPECT_EQ(b.slot(32, 4), "\x02\x00\x02\x00"s);
+    EXPECT_EQ(b.slot(33, 4), "\x02\x00\x01\x00"s);
+    EXPECT_EQ(b.caption(L"lblHinweisName"),
+              L"Für Lektion 2, Stufe 1 gibt es keinen Übungstext. Bitte sage deiner Lehrkraft Bescheid.");
+    b.user.type(L' ');
+    EXPECT_EQ(b.aktiv(), L"Tastatur0");
+}
+
+TEST_F(Einzeiler, WrongKeysCountOnlyBetweenFirstKeyAndLineEnd) {
+    öffnen();
+    b.user.type(L"x");
+    EXPECT_EQ(b.sound.played, std::vector<std::wstring>{L"knopf.wav"});
+    EXPECT_EQ(b.caption(L"lblFehler"), L"0");
+    b.user.type(L"f");
+    b.user.type(L"J");
+    EXPECT_EQ(letzterKlang(), L"falsch.wav");
+    EXPECT_DOUBLE_EQ(genauigkeit(), 75);
+    EXPECT_EQ(b.caption(L"lblGenau"), L"75,00 %");
+    EXPECT_EQ(zelle(2).back(), colors::red);
+    EXPECT_EQ(zelle(2).caption(), L"");
+    b.user.type(L'\b');
+    EXPECT_EQ(b.caption(L"lblFehler"), L"2");
+    EXPECT_EQ(b.control<Label>(L"lblFehler").back(), colors::wrong);
+    b.user.type(L"j");
+    EXPECT_EQ(zelle(2).back(), colors::white);
+    EXPECT_EQ(zelle(2).caption(), L"j");
+    b.user.type(L" f");
+    b.user.type(L"f");
+    EXPECT_EQ(letzterKlang(), L"knopf.wav");
+    EXPECT_EQ(b.caption(L"lblFehler"), L"2");
+    b.user.type(L"\r");
+    EXPECT_EQ(b.caption(L"lblErfolg"), L"0 / 3");
+    EXPECT_EQ(b.caption(L"lblFehler"), L"0");
+}
+
+TEST_F(Einzeiler, AccuracyNeverFallsBelowItsFloorAndLaterLessonsWeighMore) {
+    b.satz(Kontosatz::Lektionsnummer, std::int16_t{9});
+    b.lektion(9, "Einzeiler", {"fj f"});
+    öffnen();
+    b.user.type(L"f");
+    b.user.type(L"x");
+    EXPECT_DOUBLE_EQ(genauigkeit(), (9 * 100.0 + 50) / 10);
+    b.satz(Kontosatz::Lektionsnummer, std::int16_t{1});
+    b.satz(Kontosatz::Genauigkeit, 1.0);
+    b.user.click(L"imgNeu");
+    b.user.type(L' ');
+    b.user.type(L"f");
+    b.user.type(L"xxxxxxx");
+    EXPECT_DOUBLE_EQ(genauigkeit(), 0.01);
+}
+
+TEST_F(Einzeiler, AStoppedRunShowsItsErrorTwoSecondsAndBeginsAnew) {
+    b.satz(Kontosatz::Fehlerstopp, std::int16_t{1});
+    öffnen();
+    lauf();
+    b.user.type(L"fj");
+    const double vorher = b.clock.seconds();
+    b.user.type(L"k");
+    EXPECT_NEAR(b.clock.seconds() - vorher, 2.1, 0.001);
+    EXPECT_EQ(b.caption(L"lblDurchgang"), L"3");
+    EXPECT_EQ(b.caption(L"lblErfolg"), L"1 / 3");
+    EXPECT_EQ(b.caption(L"lblFehler"), L"0");
+    EXPECT_EQ(zelle(3).back(), colors::white);
+    b.user.type(L"fj f\r");
+    EXPECT_EQ(b.caption(L"lblErfolg"), L"2 / 3");
+}
+
+TEST_F(Einzeiler, TheTimeBarDecidesWhereTimeCounts) {
+    b.satz(Kontosatz::Zeitmodus, std::int16_t{1});
+    öffnen();
+    auto& balken = b.control<Label>(L"lblZeit");
+    lauf();
+    EXPECT_EQ(b.caption(L"lblErfolg"), L"1 / 3");
+    b.user.type(L"f");
+    // The bar needs one second a cell: after four it has overtaken the second cell.
+    b.user.pass(4000);
+    EXPECT_EQ(balken.caption(), L"4 sek");
+    EXPECT_EQ(balken.width(), static_cast<int>(std::lround(4.1 * 11775 / 56)) - 21);
+    EXPECT_EQ(balken.back(), colors::wrong);
+    // Behind the last cell it stops, red as it was, and says the limit.
+    b.user.pass(1500);
+    EXPECT_EQ(balken.caption(), L"56 sek");
+    EXPECT_EQ(balken.width(), 11775);
+    b.user.type(L"j f\r");
+    EXPECT_EQ(b.caption(L"lblErfolg"), L"1 / 3");
+    EXPECT_EQ(b.caption(L"lblDurchgang"), L"3");
+    EXPECT_EQ(balken.width(), 0);
+    lauf();
+    EXPECT_EQ(b.caption(L"lblErfolg"), L"2 / 3");
+}
+
+TEST_F(Einzeiler, LongTextsAreCutAndShortOnesLeaveTheirEnterCellOpen) {
+    std::string lang;
+    for (int i = 0; i < 60; ++i)
+        lang += static_cast<char>('a' + i % 26);
+    b.lektion(1, "Einzeiler", {lang});
+    b.satz(Kontosatz::Durchgangszahl, std::int32_t{5});
+    öffnen();
+    EXPECT_EQ(b.caption(L"lblPosV", 56), L"l");
+    EXPECT_EQ(b.control<Label>(L"lblPosV", 56).font().name, wingdings);
+    for (int i = 0; i < 55; ++i)
+        b.user.type(static_cast<wchar_t>(lang[static_cast<std::size_t>(i)]));
+    EXPECT_TRUE(b.control<Picture>(L"imgFinger", 10).visible());
+    EXPECT_EQ(b.control<Shape>(L"shpLeucht").place(), (Rect{10648, 1378, 769, 1399}));
+    b.user.type(L"l");
+    EXPECT_EQ(b.caption(L"lblErfolg"), L"0 / 5");
+    b.user.type(L"\r");
+    EXPECT_EQ(b.caption(L"lblErfolg"), L"1 / 5");
+
+    Bühne kurz;
+    kurz.öffnen(L"Tastatur1");
+    EXPECT_TRUE(kurz.control<Label>(L"lblPosV", 5).visible());
+    EXPECT_FALSE(kurz.control<Label>(L"lblPosV", 6).visible());
+    kurz.user.type(L"fj f");
+    EXPECT_FALSE(kurz.control<Shape>(L"shpLeucht").visible());
+}
+
+TEST_F(Einzeiler, KeyAndFingerOfTheNextCharacterLight) {
+    b.lektion(1, "Einzeiler", {"aA\"_ x"});
+    öffnen();
+    const auto finger = [&] {
+        std::vector<int> an;
+        for (int i = 1; i <= 10; ++i)
+            if (b.control<Picture>(L"imgFinger", i).visible())
+                an.push_back(i);
+        return an;
+    };
+    auto& rahmen = b.control<Shape>(L"shpLeucht");
+    auto& zeichen = b.control<Label>(L"lblAKtuell");
+    EXPECT_EQ(finger(), std::vector{1});
+    EXPECT_EQ(rahmen.place(), b.control<Picture>(L"picTaste", 30).place().grown(2));
+    EXPECT_EQ(zeichen.left(), 1485);
+    EXPECT_EQ(zeichen.top(), 5227);
+    b.user.type(L"a");
+    EXPECT_EQ(finger(), std::vector{1});
+    b.user.type(L"A");
+    // No key for the double quote: the character shows it and stays where it last stood.
+    EXPECT_TRUE(finger().empty() && !rahmen.visible());
+    EXPECT_EQ(zeichen.caption(), L"\"");
+    EXPECT_EQ(zeichen.left(), 1485);
+    const double vorher = b.clock.seconds();
+    b.user.type(L"\"");
+    EXPECT_EQ(b.clock.seconds(), vorher);
+    EXPECT_EQ(finger(), std::vector{10});
+    b.user.type(L"_");
+    EXPECT_EQ(finger(), (std::vector{5, 6}));
+    EXPECT_EQ(zeichen.left(), 6720 + 180 - 330);
+}
+
+TEST_F(Einzeiler, AHeldKeyFlashesOnceAndShiftOnBothSides) {
+    öffnen();
+    const double vorher = b.clock.seconds();
+    b.user.keyDown(16);
+    b.user.keyDown(16);
+    EXPECT_NEAR(b.clock.seconds() - vorher, 0.1, 1e-9);
+    b.user.keyUp();
+    b.user.keyDown(17);
+    EXPECT_NEAR(b.clock.seconds() - vorher, 0.2, 1e-9);
+    EXPECT_FALSE(b.control<Picture>(L"picTaste", 42).border());
+}
+
+TEST_F(Einzeiler, TheWorkbookCoversTheLineInVorlagemodus) {
+    b.satz(Kontosatz::Vorlagemodus, std::int16_t{1});
+    öffnen();
+    EXPECT_TRUE(b.control<Frame>(L"frmVorlage").visible());
+    lauf();
+    EXPECT_EQ(b.caption(L"lblErfolg"), L"1 / 3");
+}
+
+TEST_F(Einzeiler, LeavingKeepsAccuracyAndNothingElse) {
+    öffnen();
+    b.user.type(L"f");
+    b.user.type(L"x");
+    const std::string vorher = dateiinhalt(b.konto());
+    b.user.click(L"imgNeu");
+    EXPECT_EQ(b.aktiv(), L"Tastatur0");
+    EXPECT_EQ(b.caption(L"lblGenauigkeit"), L"75,00 %");
+    b.user.type(L' ');
+    b.user.click(L"imgEnde");
+    EXPECT_EQ(b.aktiv(), L"Lern1");
+    EXPECT_EQ(dateiinhalt(b.konto()), vorher);
+}
+
+TEST_F(Einzeiler, TheMarkOfTheCurrentColumnBlinks) {
+    öffnen();
+    b.user.type(L"f");
+    EXPECT_EQ(b.control<Label>(L"lblPosU", 2).back(), colors::black);
+    b.user.pass(200);
+    EXPECT_EQ(b.control<Label>(L"lblPosU", 2).back(), colors::panel);
+    EXPECT_EQ(b.control<Label>(L"lblPosU", 1).back(), colors::white);
+}
+
+TEST(Kursende, BehindTheLastLessonTheCourseIsDone) {
+    Bühne b;
+    b.satz(Kontosatz::Lektionsnummer, std::int32_t{31});
+    b.öffnen(L"Tastatur0");
+    EXPECT_EQ(b.caption(L"lblNameLektion"), L"Geschafft! Du hast alle Lektionen des Kurses bestanden.");
+    b.user.type(L' ');
+    b.user.click(L"cmdNeuesSpiel");
+    EXPECT_EQ(b.aktiv(), L"Tastatur0");
+    b.satz(Kontosatz::Lektionsnummer, std::int32_t{-40000});
+    b.satz(Kontosatz::Stufennummer, std::int16_t{-5});
+    b.user.click(L"imgEnde");
+    b.user.click(L"cmdÜbung", 1);
+    EXPECT_TRUE(b.caption(L"lblHinweisName").starts_with(L"Für Lektion -40000, Stufe -5 gibt es keinen"));
+}
+
+TEST(Lektionsbilder, AChildLeafsBackToWhatItHasReached) {
+    Bühne b;
+    b.satz(Kontosatz::Lektionsnummer, std::int16_t{3});
+    b.öffnen(L"Tastatur0");
+    b.user.click(L"imgAbbildung");
+    ASSERT_EQ(b.aktiv(), L"frmAbbildung");
+    EXPECT_EQ(b.runtime.active()->caption(), L"Lektion 3");
+    EXPECT_EQ(b.control<Label>(L"lblArchiv", 3).back(), colors::coral);
+    EXPECT_EQ(b.control<Label>(L"lblArchiv", 4).fore(), colors::white);
+    b.sound.played.clear();
+    b.user.click(L"lblArchiv", 4);
+    b.user.click(L"lblArchiv", 0);
+    EXPECT_TRUE(b.sound.played.empty());
+    b.user.click(L"lblArchiv", 2);
+    EXPECT_EQ(b.runtime.active()->caption(), L"Lektion 2");
+    EXPECT_TRUE(b.control<Picture>(L"imgAbbildung").picture().name.ends_with(L"\\Lektion2.bmp"));
+    EXPECT_EQ(b.control<Label>(L"lblArchiv", 3).back(), colors::blush);
+    b.user.activate(*b.runtime.loaded(L"Tastatur0"));
+    EXPECT_FALSE(b.runtime.loaded(L"frmAbbildung"));
+    EXPECT_EQ(b.aktiv(), L"Tastatur0");
+}
+
+} // namespace
+} // namespace klopfmeise

@@ -1,0 +1,185 @@
+#include "platform/drawn.h"
+#include "platform/windowed.h"
+#include "tests/buehne.h"
+
+#include <gtest/gtest.h>
+
+namespace klopfmeise {
+namespace {
+
+class Titelseite : public ::testing::Test {
+protected:
+    Bühne b;
+
+    bool sichtbar(const wchar_t* name) { return b.control<Control>(name).visible(); }
+    /// Name of the one visible frame; "-" for none.
+    std::wstring rahmen() {
+        std::wstring offen = L"-";
+        for (const wchar_t* name :
+             {L"frmKlasse", L"frmNamen", L"frmSprache", L"frmPin", L"frmEnde", L"frmInfo"})
+            if (sichtbar(name))
+                offen = offen == L"-" ? name : offen + L"+" + name;
+        return offen;
+    }
+    void stand(const wchar_t* frame, bool zurück, bool fuß, int gewählt) {
+        EXPECT_EQ(rahmen(), frame);
+        EXPECT_EQ(sichtbar(L"cmdAllesZurück"), zurück);
+        for (const wchar_t* knopf : {L"cmdLehrkraft", L"cmdInfo", L"imgEnde"})
+            EXPECT_EQ(sichtbar(knopf), fuß) << frame;
+        EXPECT_EQ(b.global.KlasseGewaehlt, gewählt) << frame;
+    }
+    void einstellen(int satz, const Wert& wert) {
+        Kontodatei(b.echteDateien, logikpfad(b.daten() / "Gruppen" / "Hasen" / "KME.ein"))
+            .schreiben(satz, wert);
+    }
+};
+
+TEST_F(Titelseite, WalksThroughAllItsStates) {
+    b.start();
+    stand(L"frmKlasse", false, true, 0);
+    b.user.click(L"LblGruppe", 0);
+    stand(L"frmNamen", true, true, 1);
+    EXPECT_EQ(b.caption(L"LblKlasse"), L"Hasen\\");
+    b.user.pressRow(b.control<FileList>(L"File1"), -1);
+    stand(L"frmNamen", true, true, 1);
+    b.user.pressRow(b.control<FileList>(L"File1"), 0);
+    stand(L"frmSprache", true, true, 1);
+    EXPECT_EQ(b.caption(L"LblName"), L"Mia");
+    b.user.click(L"cmdAllesZurück");
+    stand(L"frmKlasse", false, true, 0);
+    EXPECT_EQ(b.caption(L"LblKlasse"), L"");
+    b.user.click(L"cmdLehrkraft");
+    stand(L"frmPin", false, true, 0);
+    b.user.click(L"cmdLehrkraft");
+    stand(L"-", false, true, 0);
+    b.user.click(L"cmdLehrkraft");
+    stand(L"frmPin", false, true, 0);
+    b.user.click(L"command1");
+    stand(L"frmKlasse", false, true, 0);
+    b.user.click(L"cmdInfo");
+    stand(L"frmInfo", false, false, 0);
+    b.user.click(L"cmdInfoOk");
+    stand(L"frmKlasse", false, true, 0);
+    b.user.click(L"imgEnde");
+    stand(L"frmEnde", false, false, 0);
+    b.user.click(L"cmdNein");
+    stand(L"frmKlasse", false, true, 0);
+    b.user.click(L"imgEnde");
+    b.user.click(L"cmdJa");
+    EXPECT_TRUE(b.backend.quitAsked);
+    EXPECT_FALSE(b.runtime.active() && b.runtime.active()->name() == L"Lern1");
+    EXPECT_EQ(b.sound.played, std::vector<std::wstring>(13, L"knopf.wav"));
+}
+
+TEST_F(Titelseite, TenClassesScrollUntilTheLastStandsAlone) {
+    for (const char* name : {"b", "Äpfel", "Zebras", "Igel", "D", "Eulen", "Füchse", "Geparde", "a"})
+        std::filesystem::create_directory(b.daten() / "Gruppen" / name);
+    b.start();
+    auto& leiste = b.control<ScrollBar>(L"ScrGruppe");
+    EXPECT_EQ(leiste.max(), 9);
+    EXPECT_EQ(b.caption(L"LblGruppe", 0), L"a");
+    EXPECT_EQ(b.caption(L"LblGruppe", 1), L"Äpfel");
+    EXPECT_EQ(b.caption(L"LblGruppe", 8), L"Igel");
+    leiste.setValue(9);
+    EXPECT_EQ(b.caption(L"LblGruppe", 0), L"Zebras");
+    EXPECT_TRUE(b.control<Label>(L"LblGruppe", 0).visible());
+    EXPECT_FALSE(b.control<Label>(L"LblGruppe", 1).visible());
+    auto& zeile = b.control<Label>(L"LblGruppe", 0);
+    b.user.hover(zeile);
+    EXPECT_EQ(zeile.back(), colors::blush);
+    b.user.hover(b.control<Frame>(L"frmKlasse"));
+    EXPECT_FALSE(zeile.back());
+}
+
+TEST_F(Titelseite, NoClassLeavesAnEmptyListAndAnEmptyClassItsHelp) {
+    std::filesystem::create_directory(b.daten() / "Gruppen" / "Leer");
+    b.start();
+    b.user.click(L"LblGruppe", 1);
+    auto& hilfe = b.control<TextBox>(L"txtKeineKonten");
+    EXPECT_TRUE(hilfe.visible());
+    EXPECT_TRUE(hilfe.text().starts_with(L"In der Klasse 'Leer\\' befinden sich keine Kinder-Konten!"));
+    EXPECT_NE(hilfe.text().find(L"(z.B. 'Leer\\'). Klicken Sie dann"), std::wstring::npos);
+    b.user.click(L"cmdAllesZurück");
+    b.user.click(L"LblGruppe", 0);
+    EXPECT_FALSE(hilfe.visible());
+
+    Bühne leer;
+    std::filesystem::remove_all(leer.daten() / "Gruppen" / "Hasen");
+    leer.start();
+    EXPECT_EQ(leer.control<ScrollBar>(L"ScrGruppe").max(), 0);
+    EXPECT_FALSE(leer.control<Label>(L"LblGruppe", 0).visible());
+}
+
+TEST_F(Titelseite, TheMenuOffersWhatTheClassHasSwitchedOn) {
+    for (int satz = 2; satz <= 5; ++satz)
+        einstellen(satz, std::int16_t{static_cast<std::int16_t>(satz == 3 ? -1 : 0)});
+    b.start();
+    b.user.click(L"LblGruppe", 0);
+    b.user.pressRow(b.control<FileList>(L"File1"), 0);
+    b.sound.played.clear();
+    for (int i = 2; i <= 5; ++i) {
+        EXPECT_EQ(b.control<Picture>(L"cmdÜbung", i).picture().name, L"uebung_0");
+        b.user.click(L"cmdÜbung", i);
+    }
+    EXPECT_TRUE(b.sound.played.empty());
+    EXPECT_EQ(b.aktiv(), L"Lern1");
+    b.user.click(L"cmdÜbung", 1);
+    EXPECT_EQ(b.aktiv(), L"Tastatur0");
+    EXPECT_EQ(b.global.AktuelleUebung, L"Klopfmeise - Der Kurs");
+    EXPECT_EQ(b.global.AktuelleUebungNr, 1);
+    b.user.click(L"imgEnde");
+    stand(L"frmSprache", true, true, 1);
+    EXPECT_EQ(b.global.AktuelleUebungNr, 0);
+    EXPECT_EQ(b.caption(L"LblName"), L"Mia");
+    EXPECT_EQ(b.control<Picture>(L"cmdÜbung", 3).picture().name, L"uebung_3");
+    EXPECT_FALSE(b.control<Picture>(L"cmdÜbung", 3).enabled());
+}
+
+TEST_F(Titelseite, AClassWithoutSettingsGetsAnEmptyFileAndOffersNothing) {
+    std::filesystem::remove(b.daten() / "Gruppen" / "Hasen" / "KME.ein");
+    b.start();
+    b.user.click(L"LblGruppe", 0);
+    b.user.pressRow(b.control<FileList>(L"File1"), 0);
+    for (int i = 1; i <= 5; ++i)
+        EXPECT_FALSE(b.control<Picture>(L"cmdÜbung", i).enabled());
+    EXPECT_TRUE(std::filesystem::exists(b.daten() / "Gruppen" / "Hasen" / "KME.ein"));
+}
+
+TEST_F(Titelseite, TheCodePadTakesDigitsAndJudgesSilently) {
+    b.start();
+    b.user.click(L"cmdLehrkraft");
+    auto& feld = b.control<TextBox>(L"Text1");
+    b.user.type(L"7x2ü9");
+    EXPECT_EQ(feld.text(), L"729");
+    b.user.type(L'\b');
+    b.user.type(L"00000");
+    EXPECT_EQ(feld.text(), L"7200");
+    b.sound.played.clear();
+    b.user.click(L"cmdPinOk");
+    b.user.type(L'\r');
+    EXPECT_EQ(feld.text(), L"7200");
+    EXPECT_TRUE(b.sound.played.empty() && b.backend.messages.empty());
+    b.user.click(L"cmdPiZurück");
+    for (const int ziffer : {7, 2, 9, 4})
+        b.user.click(L"cmdPinZahl", ziffer);
+    EXPECT_EQ(feld.caret(), 4);
+    b.sound.played.clear();
+    b.user.type(L'\r');
+    EXPECT_EQ(b.sound.played, std::vector<std::wstring>{L"knopf.wav"});
+}
+
+TEST_F(Titelseite, AMissingOrShortCodeLetsEveryEntryIn) {
+    for (const char* code : {"", "123"}) {
+        b.registry.values["Pin"] = {Registry::Type::string, code};
+        if (b.aktiv().empty())
+            b.start();
+        b.user.click(L"cmdLehrkraft");
+        b.sound.played.clear();
+        b.user.click(L"cmdPinOk");
+        EXPECT_EQ(b.sound.played, std::vector<std::wstring>{L"knopf.wav"}) << code;
+        b.user.click(L"command1");
+    }
+}
+
+} // namespace
+} // namespace klopfmeise

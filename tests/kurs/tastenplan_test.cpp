@@ -1,0 +1,109 @@
+#include "course/tastenplan.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+
+namespace klopfmeise {
+namespace {
+
+struct Griff {
+    std::wstring_view zeichen;
+    int taste;
+    std::vector<int> finger;
+};
+
+TEST(Tastenplan, ZeichenLiegenAufTasteUndFinger) {
+    const Griff griffe[] = {
+        {L"^°", 1, {1}},   {L"1!", 2, {1}},     {L"2²", 3, {1}},   {L"3§³", 4, {2}},   {L"4$", 5, {3}},
+        {L"5%", 6, {4}},   {L"6&", 7, {4}},     {L"7/{", 8, {7}},  {L"8([", 9, {7}},   {L"9)]", 10, {8}},
+        {L"0=}", 11, {9}}, {L"ß?\\", 12, {10}}, {L"´`", 13, {10}}, {L"qQ@", 16, {1}},  {L"wW", 17, {2}},
+        {L"eE€", 18, {3}}, {L"rR", 19, {4}},    {L"tT", 20, {4}},  {L"zZ", 21, {7}},   {L"uU", 22, {7}},
+        {L"iI", 23, {8}},  {L"oO", 24, {9}},    {L"pP", 25, {10}}, {L"üÜ", 26, {10}},  {L"+*~", 27, {10}},
+        {L"aA", 30, {1}},  {L"sS", 31, {2}},    {L"dD", 32, {3}},  {L"fF", 33, {4}},   {L"gG", 34, {4}},
+        {L"hH", 35, {7}},  {L"jJ", 36, {7}},    {L"kK", 37, {8}},  {L"lL", 38, {9}},   {L"öÖ", 39, {10}},
+        {L"äÄ", 40, {10}}, {L"#'", 41, {10}},   {L"<>|", 43, {1}}, {L"yY", 44, {1}},   {L"xX", 45, {2}},
+        {L"cC", 46, {3}},  {L"vV", 47, {4}},    {L"bB", 48, {4}},  {L"nN", 49, {7}},   {L"mM", 50, {7}},
+        {L",;", 51, {8}},  {L".:", 52, {9}},    {L"-_", 53, {10}}, {L" ", 57, {5, 6}},
+    };
+    std::size_t zeichenzahl = 0;
+    for (const Griff& griff : griffe)
+        for (const wchar_t z : griff.zeichen) {
+            ++zeichenzahl;
+            EXPECT_EQ(tasteFuer(z), griff.taste) << "Zeichen " << static_cast<int>(z);
+            EXPECT_EQ(tasteFuerZeichencode(z), griff.taste) << "Zeichen " << static_cast<int>(z);
+            EXPECT_EQ(fingerFuer(griff.taste), griff.finger) << "Taste " << griff.taste;
+        }
+
+    std::size_t imPlan = 0;
+    for (const Taste& t : tasten())
+        imPlan += t.zeichen.size();
+    EXPECT_EQ(imPlan, zeichenzahl) << "mehr Zeichen im Plan als hier genannt";
+}
+
+TEST(Tastenplan, KeinZeichenAufZweiTasten) {
+    std::map<wchar_t, int> gesehen;
+    for (const Taste& t : tasten())
+        for (const wchar_t z : t.zeichen)
+            EXPECT_TRUE(gesehen.emplace(z, t.nummer).second) << "Tasten " << gesehen[z] << ", " << t.nummer;
+}
+
+TEST(Tastenplan, WasKeineTasteHat) {
+    for (const wchar_t z : {L'"', L'\b', L'\r', L'\n', L'\t', L'\0', L'µ', L'ẞ'})
+        EXPECT_EQ(tasteFuer(z), 0) << static_cast<int>(z);
+    EXPECT_EQ(tasteFuerZeichencode(L'"'), 0);
+    EXPECT_EQ(tasteFuerZeichencode(8), 14);
+    EXPECT_EQ(tasteFuerZeichencode(13), 28);
+    EXPECT_THROW(taste(0), std::out_of_range);
+    EXPECT_THROW(taste(60), std::out_of_range);
+    EXPECT_TRUE(fingerFuer(42).empty());
+}
+
+TEST(Tastenplan, FunktionstastenBlitzenPaarweise) {
+    EXPECT_EQ(tastenFuerTastencode(9), std::vector{15});
+    EXPECT_EQ(tastenFuerTastencode(20), std::vector{29});
+    EXPECT_EQ(tastenFuerTastencode(16), (std::vector{42, 54}));
+    EXPECT_EQ(tastenFuerTastencode(17), (std::vector{55, 59}));
+    EXPECT_EQ(tastenFuerTastencode(18), std::vector{56});
+    EXPECT_TRUE(tastenFuerTastencode(65).empty());
+}
+
+bool schneiden(const Rect& a, const Rect& b) {
+    return a.left < b.left + b.width && b.left < a.left + a.width && a.top < b.top + b.height &&
+           b.top < a.top + a.height;
+}
+
+TEST(Tastenplan, GeometrieDerTasten) {
+    for (const Taste& a : tasten()) {
+        EXPECT_GE(a.lage.left, 0);
+        EXPECT_GE(a.lage.top, 0);
+        EXPECT_LE(a.lage.left + a.lage.width, 12000);
+        EXPECT_LE(a.lage.top + a.lage.height, 9000);
+        for (const Taste& b : tasten())
+            if (a.nummer < b.nummer) {
+                EXPECT_FALSE(schneiden(a.lage, b.lage)) << "Tasten " << a.nummer << " und " << b.nummer;
+            }
+    }
+    const std::pair<int, Rect> stichproben[] = {
+        {1, {675, 645, 675, 660}},      {2, {1410, 645, 660, 660}},     {13, {9495, 645, 660, 660}},
+        {14, {10230, 645, 1185, 660}},  {16, {1620, 1380, 660, 660}},   {27, {9705, 1380, 660, 660}},
+        {28, {10650, 1380, 765, 1395}}, {29, {675, 2115, 1080, 660}},   {41, {9915, 2115, 660, 660}},
+        {43, {1620, 2850, 660, 660}},   {53, {8970, 2850, 660, 660}},   {54, {9705, 2850, 1710, 660}},
+        {55, {675, 3585, 1185, 660}},   {56, {2985, 3585, 1185, 660}},  {57, {4245, 3585, 3390, 660}},
+        {58, {7710, 3585, 1080, 660}},  {59, {10230, 3585, 1185, 660}},
+    };
+    for (const auto& [nummer, soll] : stichproben)
+        EXPECT_EQ(taste(nummer).lage, soll) << "Taste " << nummer;
+}
+
+TEST(Tastenplan, FingerbilderLiegenNebeneinander) {
+    for (int a = 1; a <= Fingerzahl; ++a)
+        for (int b = a + 1; b <= Fingerzahl; ++b)
+            EXPECT_EQ(schneiden(fingerbild(a), fingerbild(b)), a == 5 && b == 6) << a << " und " << b;
+    EXPECT_THROW(fingerbild(0), std::out_of_range);
+    EXPECT_THROW(fingerbild(11), std::out_of_range);
+}
+
+} // namespace
+} // namespace klopfmeise
