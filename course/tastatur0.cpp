@@ -10,15 +10,9 @@
 
 namespace klopfmeise {
 
-// The accuracy and pace stand left of the frames, 435 and 105 twips from the margin. They are narrower than
-// their labels, whose middle is told; the frames begin at 1890.
 Tastatur0::Tastatur0(const Umgebung& umgebung)
     : Form(umgebung.runtime, L"Tastatur0", {.picture = L"hintergrund_start"})
-    , umgebung_(umgebung)
-    , Label1_3(*this, L"Label1", {435, 4515, 3375, 330}, mitte(L"Tipp-Genauigkeit:", {}), 3)
-    , lblGenauigkeit(*this, L"lblGenauigkeit", {435, 4830, 3375, 435}, mitte(L"", {}))
-    , Label1_2(*this, L"Label1", {105, 5250, 3795, 330}, mitte(L"Geschwindigkeit:", {}), 2)
-    , lblSpeed(*this, L"lblSpeed", {105, 5565, 3795, 330}, mitte(L"", {})) {}
+    , umgebung_(umgebung) {}
 
 void Tastatur0::Form_Load() {
     centre();

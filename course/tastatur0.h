@@ -27,6 +27,8 @@ private:
     /// The fonts of titles and hints: one line of 51 characters, and two of them.
     static constexpr Font titelschrift{courier, 12, true};
     static constexpr Font hinweisschrift{courier, 12};
+    static constexpr Font randschrift{courier, 8.25};
+    static constexpr Font randzahl{courier, 12, true};
     static LabelLook mitte(const wchar_t* text, const Font& schrift, Color farbe = colors::black) {
         return {.caption = text, .font = schrift, .fore = farbe, .align = Align::center};
     }
@@ -61,10 +63,11 @@ private:
     Label lblHinweis{
         *this, L"lblHinweis", {2100, 4935, 7680, 330}, mitte(L"Aktueller Lern-Hinweis:", mittel)};
     Label lblHinweisName{*this, L"lblHinweisName", {2100, 5250, 7680, 540}, mitte(L"", hinweisschrift)};
-    Label Label1_3;
-    Label lblGenauigkeit;
-    Label Label1_2;
-    Label lblSpeed;
+    // In the free column left of the frames, so that a long hint does not run into them.
+    Label Label1_3{*this, L"Label1", {45, 4515, 1830, 330}, mitte(L"Tipp-Genauigkeit:", randschrift), 3};
+    Label lblGenauigkeit{*this, L"lblGenauigkeit", {45, 4740, 1830, 330}, mitte(L"", randzahl)};
+    Label Label1_2{*this, L"Label1", {45, 5250, 1830, 330}, mitte(L"Geschwindigkeit:", randschrift), 2};
+    Label lblSpeed{*this, L"lblSpeed", {45, 5475, 1830, 405}, mitte(L"", randschrift)};
     Button cmdNeuesSpiel{*this,
                          L"cmdNeuesSpiel",
                          {1890, 6300, 8100, 1275},

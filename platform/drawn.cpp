@@ -84,7 +84,9 @@ void Label::setBorder(bool border) {
 void Label::fit() {
     if (!autoSize_)
         return;
-    const TextSize size = sizeOf(caption_, font_);
+    // Without a caption it keeps the place of one character, so that what follows it in a line stays in its
+    // column.
+    const TextSize size = sizeOf(caption_.empty() ? L" " : std::wstring_view(caption_), font_);
     const int shift = align_ == Align::center ? (size.width - width()) / 2 : 0;
     setPlace({left() - shift, top(), size.width, size.height});
 }

@@ -1,0 +1,184 @@
+#include "course/tastatur2.h"
+
+#include "course/stufenabschluss.h"
+#include "front/bildwechsel.h"
+#include "platform/text.h"
+#include "store/lektionsdatei.h"
+#include "store/pfade.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+
+namespace klopfmeise {
+
+namespace {
+constexpr int rück = 8;
+/// Seconds left from which on the countdown warns.
+constexpr int knapp = 10;
+} // namespace
+
+Tastatur2::Tastatur2(const Umgebung& umgebung)
+    : Form(umgebung.runtime, L"Tastatur2", {.picture = L"hintergrund_tastatur"})
+    , umgebung_(umgebung) {}
+
+PictureLook Tastatur2::knopf(const wchar_t* bild, const wchar_t* tip, void (Tastatur2::*klick)()) {
+    return {.picture = bild, .pointer = Pointer::hand, .toolTip = tip, .click = [this, klick] {
+                umgebung_.klang(L"knopf.wav");
+                (this->*klick)();
+            }};
+}
+
+void Tastatur2::Form_Load() {
+    centre();
+    fuss_.LblName.setCaption(kontoname(umgebung_.global));
+    fuss_.LblKlasse.setCaption(umgebung_.global.AktuelleKlasse);
+    text_.Picture1.setFocus();
+    Nullen();
+    Startaufstellung();
+}
+
+bool Tastatur2::Startaufstellung() {
+    const auto gelesen = kurskontoLesen(umgebung_.dateien(), kontopfad(umgebung_.global));
+    konto_ = gelesen.value_or(Kurskonto{});
+    LblLektion.setCaption(L"Lektion " + std::to_wstring(konto_.Lektionsnummer) + L" (Stufe " +
+                          std::to_wstring(konto_.Stufennummer) + L")");
+    imgUhr.setVisible(konto_.Zeitmodus != 0);
+    lblZeit.setVisible(konto_.Zeitmodus != 0);
+    lblGenau.setCaption(genauigkeitText(konto_.Genauigkeit, umgebung_.dezimalzeichen()));
+
+    const Lektion lektion = lektionLesen(
+        umgebung_.dateien(), lektionspfad(umgebung_.global, konto_.Lektionsnummer), konto_.Stufennummer);
+    if (!gelesen || !lektion.vollstaendig()) {
+        Bildwechsel(umgebung_, *this, L"Tastatur0");
+        return false;
+    }
+    Stufenzahl = *lektion.Stufenzahl;
+    text_.Text1.setText(lektion.stufe->Stufentext);
+    text_.Übernehmen();
+    Timer1.setEnabled(false);
+    cmdNeu.hide();
+    // In whole numbers, so that no fraction is lost on the way to the whole part.
+    const auto zehntel = std::int64_t{konto_.Tempowert} * text_.Zellenzahl;
+    Zeitlimit = static_cast<int>(std::min<std::int64_t>(zehntel / 10, 1'000'000));
+    lblZeit.setCaption(std::to_wstring(Zeitlimit));
+    Fehlerzahl = 0;
+    Anzeige();
+    text_.Fehlersperre = 0;
+    text_.FingerLeuchten();
+    repaint();
+    sperre_.TasteFrei = true;
+    return true;
+}
+
+void Tastatur2::Anzeige() {
+    lblFehler.setCaption(std::to_wstring(Fehlerzahl));
+    lblFehler.setBack(Fehlerzahl == 0 ? colors::right : colors::wrong);
+    lblDurchgang.setCaption(std::to_wstring(Durchgang) + L" / " + std::to_wstring(konto_.Durchgangszahl));
+}
+
+void Tastatur2::Picture1_KeyPress(int zeichencode) {
+    if (cmdNeu.visible())
+        return;
+    bild_.TastenLeuchten(zeichencode, false);
+    if (zeichencode == rück && text_.Pos > 1) {
+        umgebung_.klang(L"knopf.wav");
+        text_.rücktaste();
+        return;
+    }
+    if (text_.Fehlersperre == 1 || text_.amEnde() || zeichencode == rück)
+        return;
+    if (text_.zeichenStimmt(zeichencode))
+        richtigeTaste();
+    else if (Timer1.enabled())
+        falscheTaste();
+}
+
+void Tastatur2::richtigeTaste() {
+    GenauigkeitFortschreiben();
+    if (text_.Pos == 1) {
+        Timer1.setEnabled(true);
+        Startzeit = umgebung_.uhr().seconds();
+        if (konto_.Zeitmodus == 1)
+            lblZeit.show();
+    }
+    umgebung_.klang(L"knopf.wav");
+    text_.richtig();
+    if (text_.amEnde() && text_.alleRichtig()) {
+        umgebung_.klang(L"typewriterding.wav");
+        ++Durchgang;
+        Anzeige();
+        if (Durchgang > konto_.Durchgangszahl) {
+            stufeAbschließen();
+            return;
+        }
+        if (!Startaufstellung())
+            return;
+    }
+    text_.FingerLeuchten();
+}
+
+void Tastatur2::falscheTaste() {
+    GenauigkeitFortschreiben();
+    umgebung_.klang(L"falsch.wav");
+    ++Fehlerzahl;
+    Anzeige();
+    text_.falsch();
+}
+
+void Tastatur2::GenauigkeitFortschreiben() {
+    const auto neu = genauigkeitFortschreiben(umgebung_.dateien(), kontopfad(umgebung_.global),
+                                              {konto_.Lektionsnummer, text_.Pos, Fehlerzahl});
+    if (neu)
+        lblGenau.setCaption(genauigkeitText(*neu, umgebung_.dezimalzeichen()));
+}
+
+void Tastatur2::stufeAbschließen() {
+    stufeBestanden(umgebung_.dateien(), kontopfad(umgebung_.global), konto_, Stufenzahl,
+                   [this] { LblLektion.setCaption(L"Lektion " + std::to_wstring(konto_.Lektionsnummer)); });
+    Bildwechsel(umgebung_, *this, L"Tastatur0");
+}
+
+int Tastatur2::Restzeit() const { return Zeitlimit - static_cast<int>(std::lround(verstrichen())); }
+
+void Tastatur2::Timer1_Timer() {
+    text_.scrollen();
+    if (konto_.Zeitmodus == 0)
+        return;
+    const int rest = Restzeit();
+    if (rest <= 0 && !cmdNeu.visible()) {
+        lblZeit.setCaption(L"0");
+        umgebung_.klang(L"falsch.wav");
+        cmdNeu.show();
+        Timer1.setEnabled(false);
+        return;
+    }
+    const std::wstring zehntel = formatted(verstrichen(), 1, umgebung_.dezimalzeichen());
+    if (zehntel == LetzteAnzeige)
+        return;
+    lblZeit.setCaption(std::to_wstring(rest));
+    lblZeit.setFore(rest <= knapp ? colors::red : colors::black);
+    LetzteAnzeige = zehntel;
+}
+
+void Tastatur2::Timer2_Timer() {
+    if (konto_.Zeitmodus == 0 || cmdNeu.visible())
+        return;
+    text_.blinken();
+    if (text_.Pos > 1 && Restzeit() <= knapp) {
+        lblZeit.setVisible(!lblZeit.visible());
+    } else {
+        lblZeit.show();
+        lblZeit.setFore(colors::black);
+    }
+}
+
+void Tastatur2::cmdNeu_Click() { Startaufstellung(); }
+
+void Tastatur2::imgNeu_Click() { Bildwechsel(umgebung_, *this, L"Tastatur0"); }
+
+void Tastatur2::imgHilfe_Click() { runtime().show(L"Hilfe"); }
+
+void Tastatur2::imgEnde_Click() { Bildwechsel(umgebung_, *this, L"Lern1"); }
+
+} // namespace klopfmeise

@@ -1,0 +1,110 @@
+#pragma once
+
+#include "course/genauigkeit.h"
+#include "course/textfenster.h"
+#include "front/fusszeile.h"
+#include "platform/form.h"
+#include "platform/timer.h"
+#include "store/kurskonto.h"
+
+namespace klopfmeise {
+
+/// A flowing-text stage: a paragraph in a window of four lines that scrolls along. A wrong character locks
+/// the keys until it is taken back, so that a finished run has every cell right; where time counts, a
+/// countdown can stop it.
+class Tastatur2 final : public Form {
+public:
+    explicit Tastatur2(const Umgebung& umgebung);
+
+    void Form_Load() override;
+    std::wstring spokenTarget() const override { return bild_.ziel(); }
+
+private:
+    void Nullen() { Durchgang = 1; }
+    /// False if there is no text to type: the start page has taken over.
+    bool Startaufstellung();
+    void Anzeige();
+    void stufeAbschließen();
+    void GenauigkeitFortschreiben();
+    void Picture1_KeyPress(int zeichencode);
+    void richtigeTaste();
+    void falscheTaste();
+    void cmdNeu_Click();
+    void imgNeu_Click();
+    void imgHilfe_Click();
+    void imgEnde_Click();
+    void Timer1_Timer();
+    void Timer2_Timer();
+    double verstrichen() const { return umgebung_.uhr().seconds() - Startzeit; }
+    /// Seconds left by the whole seconds gone.
+    int Restzeit() const;
+
+    static LabelLook zahl() { return {.align = Align::center, .autoSize = true}; }
+    PictureLook knopf(const wchar_t* bild, const wchar_t* tip, void (Tastatur2::*klick)());
+
+    Umgebung umgebung_;
+    int Fehlerzahl = 0;
+    int Durchgang = 1;
+    /// Seconds allowed for a run.
+    int Zeitlimit = 0;
+    /// Clock reading at the first right key of the run.
+    double Startzeit = 0;
+    std::wstring LetzteAnzeige;
+    int Stufenzahl = 0;
+    /// The account's records, read anew at each Startaufstellung.
+    Kurskonto konto_;
+    Tastensperre sperre_;
+
+    Tastaturbild bild_{*this, umgebung_, 6495};
+    Textfenster text_{*this,
+                      umgebung_,
+                      bild_,
+                      660,
+                      {.down =
+                           [this](int tastencode) {
+                               if (sperre_.durchlassen())
+                                   bild_.TastenLeuchten2(tastencode);
+                           },
+                       .press = [this](KeyPress& taste) { Picture1_KeyPress(taste.code); },
+                       .up = [this] { sperre_.loslassen(); }}};
+
+    Picture imgUhr{*this, L"imgUhr", {5670, 4410, 720, 720}, {.picture = L"uhr", .spoken = L"Uhr"}};
+    Label lblZeit{
+        *this, L"lblZeit", {5670, 4620, 705, 330}, {.font = {courier, 9.75, true}, .align = Align::center}};
+    Picture cmdNeu{*this,
+                   L"cmdNeu",
+                   {5670, 4410, 720, 720},
+                   knopf(L"knopf_uhr_neu", L"Noch einmal", &Tastatur2::cmdNeu_Click)};
+
+    Label LblLektion{*this,
+                     L"LblLektion",
+                     {105, 0, 3465, 330},
+                     {.font = {courier, 14.25, true}, .fore = colors::coral, .wrap = false}};
+    Label Label1_1{*this, L"Label1", {7290, 0, 1080, 240}, {.caption = L"Durchgang", .wrap = false}, 1};
+    Label lblDurchgang{*this, L"lblDurchgang", {7710, 210, 135, 240}, zahl()};
+    Label Label1_0{*this, L"Label1", {8880, 0, 735, 240}, {.caption = L"Fehler", .wrap = false}, 0};
+    Label lblFehler{*this, L"lblFehler", {9240, 210, 135, 240}, zahl()};
+    Label Label1_2{
+        *this, L"Label1", {10065, 0, 1935, 240}, {.caption = L"Tipp-Genauigkeit", .wrap = false}, 2};
+    Label lblGenau{*this, L"lblGenau", {10605, 210, 855, 240}, zahl()};
+
+    Fusszeile fuss_{*this, L"Klopfmeise - Der Kurs"};
+    Picture imgNeu{*this,
+                   L"imgNeu",
+                   {8820, 7980, 900, 900},
+                   knopf(L"knopf_zurueck", L"Zurück zur Startseite", &Tastatur2::imgNeu_Click)};
+    Picture imgHilfe{*this,
+                     L"imgHilfe",
+                     {9870, 7980, 900, 900},
+                     knopf(L"knopf_hilfe", L"Hilfe", &Tastatur2::imgHilfe_Click),
+                     0};
+    Picture imgEnde{*this,
+                    L"imgEnde",
+                    {10920, 7980, 900, 900},
+                    knopf(L"knopf_ende", L"Zurück zur Titelseite", &Tastatur2::imgEnde_Click)};
+
+    Timer Timer1{*this, L"Timer1", {.interval = 50, .enabled = false, .tick = [this] { Timer1_Timer(); }}};
+    Timer Timer2{*this, L"Timer2", {.interval = 200, .tick = [this] { Timer2_Timer(); }}};
+};
+
+} // namespace klopfmeise

@@ -1,0 +1,157 @@
+#include "course/textfenster.h"
+
+#include "platform/windows1252.h"
+
+namespace klopfmeise {
+
+namespace {
+constexpr wchar_t zeilenvorschub = 10;
+constexpr std::wstring_view zeilenendmarke = L"l";
+} // namespace
+
+Textfenster::Textfenster(Form& form, const Umgebung& umgebung, Tastaturbild& bild, int links,
+                         KeyHandlers tasten)
+    : umgebung_(umgebung)
+    , bild_(bild)
+    , lblFärbung(form, L"lblFärbung", {links - 30, 6165, 10890, 1650}, {.back = colors::black}, 1)
+    , Picture1(form, L"Picture1", {links, 6195, 10830, 1590}, {.toolTip = L"", .keys = std::move(tasten)})
+    , Text1(form, L"Text1", {0, 0, 600, 300}, {.visible = false})
+    , lbl(
+          Picture1, L"lbl", 0, 0,
+          [](int) {
+              return Rect{0, 105, 165, 330};
+          },
+          LabelLook{.caption = L" ",
+                    .font = {courier, 14.25, true},
+                    .back = colors::white,
+                    .autoSize = true,
+                    .visible = false})
+    , shpBegrenzung(Picture1, L"shpBegrenzung", {10710, 1470, 75, 75}, {.visible = false}) {}
+
+void Textfenster::Übernehmen() {
+    lbl.removeFrom(1);
+    const std::wstring& text = Text1.text();
+    Zellenzahl = static_cast<int>(text.size());
+    for (int i = 1; i <= Zellenzahl + 1; ++i) {
+        Label& zelle = lbl.load();
+        zelle.setCaption(i <= Zellenzahl ? std::wstring(1, text[static_cast<std::size_t>(i) - 1]) : L" ");
+        zelle.show();
+    }
+    lbl(1).setPlace({lbl(0).left() + lbl(0).width(), lbl(0).top(), lbl(1).width(), lbl(1).height()});
+    for (int i = 2; i <= Zellenzahl + 1; ++i) {
+        if (i <= Zellenzahl && text[static_cast<std::size_t>(i) - 1] == zeilenvorschub) {
+            lbl(i - 1).setCaption(std::wstring(zeilenendmarke));
+            lbl(i - 1).setFontName(wingdings);
+            lbl(i).setCaption(L"");
+            zeilenanfang(i, lbl(0).left());
+        } else {
+            hinter(i);
+        }
+        if (lbl(i).right() >= shpBegrenzung.left())
+            umbrechen(i);
+    }
+    Pos = 1;
+    FingerLeuchten();
+}
+
+void Textfenster::hinter(int i) {
+    const Label& davor = lbl(i - 1);
+    lbl(i).setPlace({davor.right(), davor.top(), lbl(i).width(), lbl(i).height()});
+}
+
+void Textfenster::zeilenanfang(int i, int links) {
+    const Label& davor = lbl(i - 1);
+    lbl(i).setPlace({links, davor.top() + davor.height() + Zeilenabstand, lbl(i).width(), lbl(i).height()});
+}
+
+void Textfenster::umbrechen(int i) {
+    int leerzeichen = i - 1;
+    while (leerzeichen >= 1 && lbl(leerzeichen).top() == lbl(i).top() && lbl(leerzeichen).caption() != L" ")
+        --leerzeichen;
+    // Where the line holds no blank, the cell that reaches the margin begins the next one.
+    const bool gefunden = leerzeichen >= 1 && lbl(leerzeichen).top() == lbl(i).top();
+    const int b = gefunden ? leerzeichen + 1 : i;
+    zeilenanfang(b, lbl(1).left());
+    for (int j = b + 1; j <= i; ++j)
+        hinter(j);
+}
+
+void Textfenster::FingerLeuchten() {
+    zelle().setBack(Cursorfarbe);
+    bild_.fingerAus();
+    bild_.leeren();
+    if (Fehlersperre == 1) {
+        bild_.aufTasteZeigen(TasteRück);
+        bild_.rückzeichen();
+    } else {
+        bild_.leuchten(zelle().caption(), zelle().font().name);
+        if (amZeilenende())
+            bild_.aufTasteZeigen(TasteEingabe);
+    }
+    bild_.zeichenAufFinger();
+}
+
+bool Textfenster::zeichenStimmt(int zeichencode) const {
+    return zelle().caption() == std::wstring(1, ausWindows1252(static_cast<unsigned char>(zeichencode)));
+}
+
+void Textfenster::rücktaste() {
+    zelle().setBack(colors::white);
+    --Pos;
+    if (zelle().caption().empty() && Pos > 1)
+        --Pos;
+    Fehlersperre = 0;
+    FingerLeuchten();
+}
+
+void Textfenster::weiter() {
+    if (!amEnde())
+        ++Pos;
+    // A line feed is no place for the cursor, at the very end of a text neither: nobody could type on.
+    if (zelle().caption().empty() && !amEnde())
+        ++Pos;
+}
+
+void Textfenster::richtig() {
+    zelle().setBack(colors::right);
+    weiter();
+}
+
+void Textfenster::falsch() {
+    zelle().setBack(colors::wrong);
+    Fehlersperre = 1;
+    weiter();
+    FingerLeuchten();
+}
+
+bool Textfenster::alleRichtig() const {
+    for (int i = 1; i <= Zellenzahl; ++i)
+        if (lbl(i).back() != colors::right)
+            return false;
+    return true;
+}
+
+bool Textfenster::keineFalsch() const {
+    for (int i = 1; i <= Zellenzahl; ++i)
+        if (lbl(i).back() == colors::wrong)
+            return false;
+    return true;
+}
+
+void Textfenster::scrollen() {
+    if (amEnde())
+        return;
+    const auto verschieben = [this](int um) {
+        for (int i = 1; i <= Zellenzahl + 1; ++i)
+            lbl(i).setTop(lbl(i).top() + um);
+    };
+    const int zeile = lbl(0).height() + Zeilenabstand;
+    if (zelle().bottom() > shpBegrenzung.top())
+        verschieben(-zeile);
+    if (zelle().top() < lbl(0).top())
+        verschieben(zeile);
+}
+
+void Textfenster::blinken() { zelle().setBack(zelle().back() == Cursorfarbe ? Blinkfarbe : Cursorfarbe); }
+
+} // namespace klopfmeise

@@ -1,0 +1,27 @@
+#include "formen.h"
+#include "platform/posix_files.h"
+#include "platform/qt/qt_backend.h"
+#include "platform/qt/qt_shell.h"
+#include "platform/qt/qt_sound.h"
+#include "platform/reg_file.h"
+#include "platform/system_services.h"
+#include "store/umgebung.h"
+
+using namespace klopfmeise;
+
+int main(int argc, char* argv[]) {
+    QtBackend backend(argc, argv);
+    SteadyClock clock;
+    SystemRandom random;
+    PosixFiles files;
+    QtSound sound(files);
+    RegFile registry(KLOPFMEISE_MASCHINE);
+    QtShell shell(files, KLOPFMEISE_GEMEINSAM);
+
+    FormRuntime runtime(backend, {clock, random, sound, files, registry, shell});
+    backend.setRuntime(runtime);
+    Globale global;
+    formenEintragen({runtime, global});
+    runtime.show(L"frmStart");
+    return backend.run();
+}

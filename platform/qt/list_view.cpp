@@ -1,0 +1,124 @@
+#include "platform/qt/control_view.h"
+#include "platform/qt/qt_form_view.h"
+#include "platform/qt/qt_text.h"
+#include "platform/qt/text_painter.h"
+
+#include <QAbstractListModel>
+#include <QListView>
+#include <QMouseEvent>
+#include <QSignalBlocker>
+
+namespace klopfmeise {
+
+namespace {
+
+class ListModel final : public QAbstractListModel {
+public:
+    explicit ListModel(const ListControl& list)
+        : list_(list)
+        , shown_(list.items()) {}
+
+    int rowCount(const QModelIndex& parent) const override {
+        return parent.isValid() ? 0 : static_cast<int>(shown_.size());
+    }
+    QVariant data(const QModelIndex& index, int role) const override {
+        if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::AccessibleTextRole))
+            return {};
+        return toQt(shown_.at(static_cast<std::size_t>(index.row())));
+    }
+    void reload() {
+        if (shown_ == list_.items())
+            return;
+        beginResetModel();
+        shown_ = list_.items();
+        endResetModel();
+    }
+
+private:
+    const ListControl& list_;
+    /// What the view knows of; the control's items can change before the view is told.
+    std::vector<std::wstring> shown_;
+};
+
+class ListWidget final : public QListView {
+public:
+    ListWidget(QtFormView& view, ListControl& list, QWidget* parent)
+        : QListView(parent)
+        , model_(list)
+        , view_(view)
+        , list_(list) {
+        setModel(&model_);
+        setUniformItemSizes(true);
+        setEditTriggers(NoEditTriggers);
+        setSelectionMode(SingleSelection);
+        setVerticalScrollMode(ScrollPerItem);
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+        setTextElideMode(Qt::ElideNone);
+        setAttribute(Qt::WA_InputMethodEnabled, false);
+    }
+    void reload() {
+        syncing_ = true;
+        model_.reload();
+        const QModelIndex row = model_.index(list_.selected());
+        if (currentIndex() != row || !selectionModel()->isSelected(row)) {
+            if (row.isValid()) {
+                setCurrentIndex(row);
+                scrollTo(row);
+            } else {
+                selectionModel()->clear();
+            }
+        }
+        syncing_ = false;
+    }
+
+protected:
+    void currentChanged(const QModelIndex& current, const QModelIndex& before) override {
+        QListView::currentChanged(current, before);
+        if (!syncing_ && current.isValid())
+            view_.react([this, row = current.row()] { list_.select(row); });
+    }
+    void mousePressEvent(QMouseEvent* event) override {
+        const QModelIndex row = indexAt(event->position().toPoint());
+        if (event->button() == Qt::LeftButton && row.isValid())
+            setCurrentIndex(row);
+        if (list_.mouseDown)
+            view_.react(list_.mouseDown);
+    }
+    void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
+    void mouseMoveEvent(QMouseEvent*) override {}
+    void mouseReleaseEvent(QMouseEvent*) override {}
+
+private:
+    ListModel model_;
+    QtFormView& view_;
+    ListControl& list_;
+    bool syncing_ = false;
+};
+
+class ListControlView final : public ControlView {
+public:
+    ListControlView(QtFormView& view, ListControl& list, ListWidget* widget)
+        : ControlView(view, list, widget)
+        , list_(list)
+        , widget_(*widget) {}
+
+private:
+    void syncLook(const Scale& scale) override {
+        widget_.setFont(widgetFont(list_.font(), scale));
+        QPalette palette = widget_.palette();
+        palette.setColor(QPalette::Base, toQt(list_.back()));
+        widget_.setPalette(palette);
+        widget_.reload();
+    }
+
+    ListControl& list_;
+    ListWidget& widget_;
+};
+
+} // namespace
+
+std::unique_ptr<ControlView> makeListView(QtFormView& view, ListControl& list, QWidget* parent) {
+    return std::make_unique<ListControlView>(view, list, new ListWidget(view, list, parent));
+}
+
+} // namespace klopfmeise

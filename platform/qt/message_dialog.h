@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/form_view.h"
+
+class QWidget;
+
+namespace klopfmeise {
+
+/// Shows a message box and waits for its answer. `parent` may be null. `zoom`: logical pixels to the unzoomed
+/// pixel. Escape and the close box answer "cancel" where there is such a button, else "ok".
+Answer askUser(const Message& message, QWidget* parent, double zoom);
+
+} // namespace klopfmeise

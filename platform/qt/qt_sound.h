@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/services.h"
+
+#include <QSoundEffect>
+#include <QString>
+
+#include <map>
+#include <memory>
+#include <optional>
+
+namespace klopfmeise {
+
+/// Wave files through the machine's sound device. Each file is loaded when it is first played and kept;
+/// nothing is loaded, not even the sound system, before the first sound, nor ever on a machine without a
+/// device.
+class QtSound final : public Sound {
+public:
+    explicit QtSound(const Files& files)
+        : files_(files) {}
+
+    /// With `wait` nothing is served until the sound has ended, at most 3 seconds.
+    void play(const std::wstring& path, bool wait = false) override;
+
+private:
+    bool audible();
+
+    const Files& files_;
+    std::optional<bool> audible_;
+    std::map<QString, std::unique_ptr<QSoundEffect>> effects_;
+    QSoundEffect* playing_ = nullptr;
+};
+
+} // namespace klopfmeise
