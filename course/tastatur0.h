@@ -40,9 +40,9 @@ private:
     /// True if there is a text to type, so that START leads somewhere.
     bool bereit_ = false;
 
-    Shape Shape1_0{*this, L"Shape1", {1890, 840, 8100, 2955}, rahmen()};
-    Shape Shape1_1{*this, L"Shape1", {1890, 3810, 8100, 1005}, rahmen()};
-    Shape Shape1_2{*this, L"Shape1", {1890, 4860, 8100, 1020}, rahmen()};
+    Shape Shape1_0{*this, L"Shape1", {1890, 840, 8100, 2955}, rahmen(), 0};
+    Shape Shape1_1{*this, L"Shape1", {1890, 3810, 8100, 1005}, rahmen(), 1};
+    Shape Shape1_2{*this, L"Shape1", {1890, 4860, 8100, 1020}, rahmen(), 2};
 
     Label Label1_0{
         *this, L"Label1", {105, 210, 11775, 540}, mitte(L"Dein Lernstand im Klopfmeise-Kurs", groß), 0};

@@ -124,8 +124,11 @@ private:
     Label lblErfolg{*this, L"lblErfolg", {6720, 210, 855, 240}, zahl()};
     Label Label1_0{*this, L"Label1", {8985, 0, 735, 240}, {.caption = L"Fehler"}, 0};
     Label lblFehler{*this, L"lblFehler", {9285, 210, 135, 240}, zahl()};
-    Label Label1_2{
-        *this, L"Label1", {10050, 0, 2055, 240}, {.caption = L"Tipp-Genauigkeit:", .wrap = false}, 2};
+    Label Label1_2{*this,
+                   L"Label1",
+                   {10050, 0, 2055, 240},
+                   {.caption = L"Tipp-Genauigkeit:", .font = {courier, 9}, .wrap = false},
+                   2};
     Label lblGenau{*this, L"lblGenau", {10650, 210, 855, 240}, zahl()};
 
     Frame frmVorlage{

@@ -50,8 +50,8 @@ private:
                     .align = Align::center},
                    1};
     Line Line1{*this, L"Line1", {735, 120, 735, 6720}, {.color = colors::panel}};
-    Shape Shape1_0{*this, L"Shape1", {315, 2228, 225, 225}, loch()};
-    Shape Shape1_1{*this, L"Shape1", {315, 4538, 225, 225}, loch()};
+    Shape Shape1_0{*this, L"Shape1", {315, 2228, 225, 225}, loch(), 0};
+    Shape Shape1_1{*this, L"Shape1", {315, 4538, 225, 225}, loch(), 1};
     RichTextBox lbl{*this,
                     L"lbl",
                     {810, 735, 4830, 5790},

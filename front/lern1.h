@@ -182,7 +182,7 @@ private:
     Label Label4_4{frmInfo, L"Label4", {2520, 1620, 4800, 240}, angabe(L"Datum: 28. Oktober 2007"), 4};
     Label Label4_1{frmInfo,
                    L"Label4",
-                   {420, 2940, 5700, 240},
+                   {420, 2940, 6840, 240},
                    angabe(L"Ein Tipp-Kurs für Schulen, gemacht vom Klopfmeise-Team."),
                    1};
     Label Label4_0{frmInfo,

@@ -3,6 +3,7 @@
 #include "platform/qt/container_widget.h"
 #include "platform/qt/qt_form_view.h"
 #include "platform/qt/qt_text.h"
+#include "platform/rich_text_box.h"
 
 namespace klopfmeise {
 
@@ -52,6 +53,8 @@ std::unique_ptr<ControlView> makeControlView(QtFormView& view, Control& control,
         return makeButtonView(view, *button, parent);
     if (auto* box = dynamic_cast<TextBox*>(&control))
         return makeTextView(view, *box, parent);
+    if (auto* box = dynamic_cast<RichTextBox*>(&control))
+        return makeRichTextView(view, *box, parent);
     if (auto* list = dynamic_cast<ListControl*>(&control))
         return makeListView(view, *list, parent);
     if (auto* range = dynamic_cast<RangeControl*>(&control))

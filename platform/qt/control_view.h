@@ -12,6 +12,7 @@ namespace klopfmeise {
 
 class ContainerWidget;
 class QtFormView;
+class RichTextBox;
 
 /// The widget of one windowed control. The model is what counts: sync() brings the widget to it, and what the
 /// user does to the widget goes into the model as a reaction of the form.
@@ -48,6 +49,7 @@ std::unique_ptr<ControlView> makeControlView(QtFormView& view, Control& control,
 std::unique_ptr<ControlView> makePanelView(QtFormView& view, Control& control, QWidget* parent);
 std::unique_ptr<ControlView> makeButtonView(QtFormView& view, Button& button, QWidget* parent);
 std::unique_ptr<ControlView> makeTextView(QtFormView& view, TextBox& box, QWidget* parent);
+std::unique_ptr<ControlView> makeRichTextView(QtFormView& view, RichTextBox& box, QWidget* parent);
 std::unique_ptr<ControlView> makeListView(QtFormView& view, ListControl& list, QWidget* parent);
 std::unique_ptr<ControlView> makeRangeView(QtFormView& view, RangeControl& range, QWidget* parent);
 std::unique_ptr<ControlView> makeCheckView(QtFormView& view, CheckControl& check, QWidget* parent);
