@@ -41,7 +41,8 @@ TextSize sizeOf(std::wstring_view text, const Font& font) {
 }
 
 std::vector<std::wstring_view> linesOf(std::wstring_view text, const Font& font, int width) {
-    const auto columns = static_cast<std::size_t>(std::max(1, width / std::max(1, metricsOf(font).charWidth)));
+    const auto columns =
+        static_cast<std::size_t>(std::max(1, width / std::max(1, metricsOf(font).charWidth)));
     std::vector<std::wstring_view> lines;
     forEachLine(text, [&](std::wstring_view line) {
         while (line.size() > columns) {

@@ -35,7 +35,8 @@ struct TextSize {
 };
 TextSize sizeOf(std::wstring_view text, const Font& font);
 
-/// The lines of `text` when words wrap at `width` twips; a word wider than that is broken. They are views into `text`.
+/// The lines of `text` when words wrap at `width` twips; a word wider than that is broken. They are views
+/// into `text`.
 std::vector<std::wstring_view> linesOf(std::wstring_view text, const Font& font, int width);
 
 /// How many lines `text` takes when words wrap at `width` twips; a word wider than that is broken.

@@ -53,7 +53,8 @@ struct Filter {
 Filter bandpass(double hz, double güte) {
     const double w = ZweiPi * hz / Abtastrate;
     const double alpha = std::sin(w) / (2 * güte);
-    return {alpha / (1 + alpha), 0, -alpha / (1 + alpha), -2 * std::cos(w) / (1 + alpha), (1 - alpha) / (1 + alpha)};
+    return {alpha / (1 + alpha), 0, -alpha / (1 + alpha), -2 * std::cos(w) / (1 + alpha),
+            (1 - alpha) / (1 + alpha)};
 }
 
 /// The two filters of K-weighting (ITU-R BS.1770), from their analogue corner frequencies, since the
@@ -64,8 +65,9 @@ Klang kBewertet(const Klang& klang) {
     const double vb = std::pow(vh, 0.4996667741545416);
     const double qs = 0.7071752369554196;
     const double as = 1 + ks / qs + ks * ks;
-    const Filter kopf{(vh + vb * ks / qs + ks * ks) / as, 2 * (ks * ks - vh) / as, (vh - vb * ks / qs + ks * ks) / as,
-                      2 * (ks * ks - 1) / as, (1 - ks / qs + ks * ks) / as};
+    const Filter kopf{(vh + vb * ks / qs + ks * ks) / as, 2 * (ks * ks - vh) / as,
+                      (vh - vb * ks / qs + ks * ks) / as, 2 * (ks * ks - 1) / as,
+                      (1 - ks / qs + ks * ks) / as};
     const double kt = std::tan(std::numbers::pi * 38.13547087602444 / Abtastrate);
     const double qt = 0.5003270373238773;
     const double at = 1 + kt / qt + kt * kt;
@@ -100,7 +102,8 @@ void mische(Klang& klang, double beginn, const std::function<double(double)>& we
 
 /// Rises within `anstieg` seconds and then dies away to 1/e every `abkling` seconds.
 double hülle(double t, double anstieg, double abkling) {
-    return (t < anstieg ? 0.5 - 0.5 * std::cos(std::numbers::pi * t / anstieg) : 1.0) * std::exp(-t / abkling);
+    return (t < anstieg ? 0.5 - 0.5 * std::cos(std::numbers::pi * t / anstieg) : 1.0) *
+           std::exp(-t / abkling);
 }
 
 struct Teilton {
@@ -144,7 +147,11 @@ Klang glocke() {
     Klang klang = stille(1.1);
     rausche(klang, 0, 5200, 0.9, [](double t) { return 0.35 * hülle(t, 0.0005, 0.003); });
     schlage(klang, 0, 0.0015,
-            {{2093, 0.50, 0.22}, {2101, 0.30, 0.24}, {3230, 0.12, 0.13}, {4870, 0.22, 0.11}, {4893, 0.10, 0.12},
+            {{2093, 0.50, 0.22},
+             {2101, 0.30, 0.24},
+             {3230, 0.12, 0.13},
+             {4870, 0.22, 0.11},
+             {4893, 0.10, 0.12},
              {8120, 0.06, 0.04}});
     return klang;
 }
@@ -165,12 +172,16 @@ Klang falsch() {
 Klang bandFalsch() {
     Klang klang = stille(0.3);
     mische(klang, 0, [](double t) {
-        return 0.5 * hülle(t, 0.003, 0.05) * std::sin(ZweiPi * (130 * t + 60 * 0.03 * (1 - std::exp(-t / 0.03))));
+        return 0.5 * hülle(t, 0.003, 0.05) *
+               std::sin(ZweiPi * (130 * t + 60 * 0.03 * (1 - std::exp(-t / 0.03))));
     });
     const auto blech = [&](double beginn, double stärke) {
         schlage(klang, beginn, 0.001,
-                {{410, 0.55 * stärke, 0.050}, {673, 0.45 * stärke, 0.045}, {1187, 0.30 * stärke, 0.035},
-                 {1741, 0.20 * stärke, 0.028}, {2590, 0.12 * stärke, 0.020}});
+                {{410, 0.55 * stärke, 0.050},
+                 {673, 0.45 * stärke, 0.045},
+                 {1187, 0.30 * stärke, 0.035},
+                 {1741, 0.20 * stärke, 0.028},
+                 {2590, 0.12 * stärke, 0.020}});
         rausche(klang, beginn, 1500, 0.7, [=](double t) { return 0.8 * stärke * hülle(t, 0.001, 0.008); });
     };
     blech(0, 1);
@@ -224,8 +235,9 @@ std::string welle(const Klang& klang) {
     for (const double wert : klang)
         daten += zahl(static_cast<std::uint32_t>(std::lround(wert * 32767)), 2);
     const auto länge = static_cast<std::uint32_t>(daten.size());
-    return "RIFF" + zahl(36 + länge, 4) + "WAVEfmt " + zahl(16, 4) + zahl(1, 2) + zahl(1, 2) + zahl(Abtastrate, 4) +
-           zahl(2 * Abtastrate, 4) + zahl(2, 2) + zahl(16, 2) + "data" + zahl(länge, 4) + daten;
+    return "RIFF" + zahl(36 + länge, 4) + "WAVEfmt " + zahl(16, 4) + zahl(1, 2) + zahl(1, 2) +
+           zahl(Abtastrate, 4) + zahl(2 * Abtastrate, 4) + zahl(2, 2) + zahl(16, 2) + "data" +
+           zahl(länge, 4) + daten;
 }
 
 void schreibe(const std::filesystem::path& datei, Klang klang, double ziel) {
