@@ -52,7 +52,8 @@ Form* FormRuntime::load(std::wstring_view name) {
     // shown.
     Form* form = forms_.insert(forms_.begin(), makers_.find(name)->second())->get();
     dispatch(*form, [form] { form->Form_Load(); });
-    return form->unloaded_ ? nullptr : form;
+    // A form that unloads itself while it loads may be gone already.
+    return loaded(name) == form ? form : nullptr;
 }
 
 bool FormRuntime::show(std::wstring_view name) {
