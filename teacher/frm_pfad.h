@@ -39,7 +39,7 @@ private:
                  {.caption = L"AKTUELL EINGESTELLTER ORDNER FÜR DIE DATENABLAGE", .font = textschrift}};
     Label lblPfadAktuell{Frame2,
                          L"lblPfadAktuell",
-                         {150, 315, 8250, 375},
+                         {150, 345, 8250, 300},
                          {.font = {courier, 12, true},
                           .fore = RGB(0, 128, 0),
                           .back = colors::right,
@@ -57,12 +57,14 @@ private:
                    3};
     Button cmdApiPfad{*this,
                       L"cmdApiPfad",
-                      {210, 1365, 2250, 690},
-                      {.caption = L"Standard-Ablageordner", .click = [this] { cmdApiPfad_Click(); }}};
+                      {210, 1365, 2400, 690},
+                      {.caption = L"Standard-Ablageordner", .font = {courier, 8.25}, .click = [this] {
+                           cmdApiPfad_Click();
+                       }}};
     Label Label1_1{
         *this,
         L"Label1",
-        {2640, 1365, 8070, 1260},
+        {2700, 1365, 8010, 1260},
         hilfe(L"Klicken Sie auf den Schalter \"Standard-Ablageordner\" und anschließend auf den Schalter "
               L"\"übernehmen\", um die Datenablage von Klopfmeise für diesen Computer lokal festzulegen! "
               L"Unter Windows XP lautet der von Windows für Klopfmeise vorgesehende Standard-Ablageordner "
@@ -77,12 +79,12 @@ private:
                    0};
     Button cmdBrowse{*this,
                      L"cmdBrowse",
-                     {210, 3015, 2250, 690},
+                     {210, 3015, 2400, 690},
                      {.caption = L"durchsuchen...", .click = [this] { cmdBrowse_Click(); }}};
     Label Label1_2{
         *this,
         L"Label1",
-        {2640, 3015, 8070, 2100},
+        {2700, 3015, 8010, 2100},
         hilfe(L"Klicken Sie auf den Schalter \"durchsuchen\" und es wird sich ein Fenster öffnen, mit dem "
               L"Sie diesen Computer und das Netzwerk durchsuchen können. In diesem Fenster wählen Sie dann "
               L"den Ordner aus, in dem alle Klopfmeise-Ordner befindlich sind, die Klopfmeise zur Laufzeit "
@@ -96,7 +98,7 @@ private:
     Label Label1_6{
         *this,
         L"Label1",
-        {2640, 5190, 8070, 630},
+        {2700, 5190, 8010, 630},
         hilfe(L"Anstatt das Netzwerk zu durchsuchen, haben Sie auch die Möglichkeit, den Pfad manuell in die "
               L"weiße Eingabezeile einzutragen. Dies setzt freilich voraus, dass Sie den Pfad kennen."),
         6};

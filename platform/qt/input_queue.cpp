@@ -104,20 +104,28 @@ void InputQueue::serve() {
     if (serving_ || takingIn_ || busy())
         return;
     serving_ = true;
-    while (!reactions_.empty() || !inputs_.empty()) {
-        if (!reactions_.empty()) {
-            const auto reaction = std::move(reactions_.front());
-            reactions_.pop_front();
-            reaction();
-            continue;
-        }
+    runReactions();
+    if (!inputs_.empty()) {
         const Input input = std::move(inputs_.front());
         inputs_.pop_front();
         if (input.window)
             deliver(*input.window, *input.event);
+        runReactions();
     }
     serving_ = false;
     served();
+    // The next one in another turn of the event loop, so that timers tick and the screen is painted between
+    // keys that wait in line.
+    if (!inputs_.empty())
+        serveLater();
+}
+
+void InputQueue::runReactions() {
+    while (!reactions_.empty()) {
+        const auto reaction = std::move(reactions_.front());
+        reactions_.pop_front();
+        reaction();
+    }
 }
 
 } // namespace klopfmeise

@@ -30,6 +30,7 @@ public:
     /// Runs `reaction` behind the input being served, before the next one; at the next idle moment if none
     /// is.
     void react(std::function<void()> reaction);
+    void runReactions();
     void serveLater();
     /// Lets `milliseconds` pass in an event loop of its own, so that sounds play on, and serves nothing of
     /// what comes.

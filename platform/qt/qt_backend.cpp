@@ -138,13 +138,15 @@ void QtBackend::tick() {
         timer_.start(busyRetry);
         return;
     }
-    desk_.runtime->serveTimers();
-    desk_.queue.serveLater();
     served();
+    desk_.queue.serveLater();
     armTimer();
 }
 
 void QtBackend::served() {
+    // Here and not by the toolkit's timer alone: keys that wait in line would keep it from its turn for as
+    // long as they come.
+    desk_.runtime->serveTimers();
     if (const Form* active = desk_.runtime->active(); active && active->view())
         announceTarget(static_cast<QtFormView*>(active->view())->widget(), toldTarget_);
 }
