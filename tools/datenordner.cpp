@@ -26,13 +26,22 @@ constexpr int satzTextname = 106;
 
 std::wstring logikpfad(const fs::path& pfad) { return PosixFiles().entered(fromUtf8(pfad.string())); }
 
-/// The bytes of a text in the files' code page; what it cannot hold is an error of the author.
-std::string bytes(std::wstring_view text, const std::string& wo) {
-    for (const wchar_t c : text)
+/// The UTF-8 of an author's file. A character that the code page of the made files cannot hold is an error
+/// that names file and line.
+std::string quelltext(const fs::path& quelle) {
+    std::ifstream strom(quelle, std::ios::binary);
+    std::string inhalt{std::istreambuf_iterator<char>(strom), {}};
+    if (!strom)
+        throw std::runtime_error(quelle.string() + ": nicht lesbar");
+    int zeile = 1;
+    for (const wchar_t c : fromUtf8(inhalt)) {
         if (nachWindows1252(c) < 0)
-            throw std::runtime_error(wo + ": das Zeichen '" + toUtf8(std::wstring(1, c)) +
+            throw std::runtime_error(quelle.string() + ":" + std::to_string(zeile) + ": das Zeichen '" +
+                                     toUtf8(std::wstring(1, c)) +
                                      "' gibt es nicht in der Zeichentabelle der Dateien");
-    return nachWindows1252(text);
+        zeile += c == L'\n';
+    }
+    return inhalt;
 }
 
 /// Written only if it differs, so that a folder in use is not touched for nothing.
@@ -47,24 +56,23 @@ void schreiben(const fs::path& pfad, const std::string& inhalt) {
         throw std::runtime_error(pfad.string() + ": lässt sich nicht schreiben");
 }
 
-std::string lektionsdatei(const Kurslektion& lektion, const std::string& wo) {
+std::string lektionsdatei(const fs::path& quelle) {
+    const Kurslektion lektion = zerlegeKurslektion(quelltext(quelle), quelle.string());
     std::wstring text =
         std::to_wstring(lektion.stufen.size()) + L"\r\n" + lektion.art + L"\r\n" + lektion.titel + L"\r\n";
     int nummer = 0;
     for (const auto& stufe : lektion.stufen)
         text += L"Unterstufe" + std::to_wstring(++nummer) + L"\r\n" + stufe.titel + L"\r\n" + stufe.text +
                 L"\r\n" + stufe.hinweis + L"\r\n";
-    return bytes(text, wo);
+    return nachWindows1252(text);
 }
 
 /// A text for "Text tippen": rich text under a `.txt` ending, in the one look that the teacher's editor gives
 /// it.
 std::string textdatei(const fs::path& quelle) {
-    std::ifstream in(quelle, std::ios::binary);
-    std::wstring text = fromUtf8(std::string(std::istreambuf_iterator<char>(in), {}));
+    std::wstring text = fromUtf8(quelltext(quelle));
     while (text.ends_with(L'\n'))
         text.pop_back();
-    bytes(text, quelle.string());
     RtfDokument dokument = dokumentAusKlartext(text);
     for (RtfAbsatz& absatz : dokument.absaetze)
         for (RtfLauf& lauf : absatz.laeufe) {
@@ -102,9 +110,8 @@ void probeklasse(const fs::path& gruppen, std::span<char*> namen) {
 void machen(const fs::path& kurs, const fs::path& texte, const fs::path& ziel) {
     for (int nummer = 1; nummer <= lektionen; ++nummer) {
         const std::string name = (nummer < 10 ? "Lektion0" : "Lektion") + std::to_string(nummer) + ".txt";
-        const Kurslektion lektion = leseKurslektion((kurs / name).string());
         schreiben(ziel / "Data" / "Tastatur" / ("Lektion" + std::to_string(nummer) + ".txt"),
-                  lektionsdatei(lektion, name));
+                  lektionsdatei(kurs / name));
     }
     for (const auto& eintrag : fs::directory_iterator(texte))
         if (eintrag.path().extension() == ".txt")
