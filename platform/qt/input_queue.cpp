@@ -42,6 +42,10 @@ bool InputQueue::eventFilter(QObject* window, QEvent* event) {
 void InputQueue::enter(QWindow& window, const QEvent& event) {
     if (repeatWaits(event))
         return;
+    if (splitRepeat(event)) {
+        inputs_.pop_back();
+        return;
+    }
     if (event.type() == QEvent::MouseMove && !inputs_.empty() && inputs_.back().window == &window &&
         inputs_.back().event->type() == QEvent::MouseMove)
         inputs_.pop_back();
@@ -65,6 +69,16 @@ bool InputQueue::repeatWaits(const QEvent& event) const {
             return earlier.type() == QEvent::KeyPress && earlier.isAutoRepeat();
     }
     return false;
+}
+
+bool InputQueue::splitRepeat(const QEvent& event) const {
+    if (event.type() != QEvent::KeyPress || inputs_.empty() ||
+        inputs_.back().event->type() != QEvent::KeyRelease)
+        return false;
+    const auto& press = static_cast<const QKeyEvent&>(event);
+    const auto& release = static_cast<const QKeyEvent&>(*inputs_.back().event);
+    return press.timestamp() != 0 && press.timestamp() == release.timestamp() &&
+           press.nativeScanCode() == release.nativeScanCode();
 }
 
 bool InputQueue::send(QWindow& window, QEvent& event) {

@@ -30,7 +30,6 @@ public:
     /// Runs `reaction` behind the input being served, before the next one; at the next idle moment if none
     /// is.
     void react(std::function<void()> reaction);
-    void runReactions();
     void serveLater();
     /// Lets `milliseconds` pass in an event loop of its own, so that sounds play on, and serves nothing of
     /// what comes.
@@ -47,7 +46,11 @@ private:
 
     void enter(QWindow& window, const QEvent& event);
     bool repeatWaits(const QEvent& event) const;
+    /// A repeat whose release and press arrived apart, so that the toolkit took them for two strokes: the
+    /// press bears the very time of the release before it, which is still in line.
+    bool splitRepeat(const QEvent& event) const;
     void serve();
+    void runReactions();
 
     std::deque<Input> inputs_;
     std::deque<std::function<void()>> reactions_;

@@ -8,8 +8,8 @@ from schirm import Fehlschlag, prüfe, warte
 GRAU, WEISS, SCHWARZ, BLASSROT, ROT = (192,) * 3, (255,) * 3, (0,) * 3, (236, 207, 200), (255, 0, 0)
 
 KLASSE_1, NAME_1, NAME_2 = (300, 224), (300, 216), (300, 243)
-KURS, START, LEHRKRAFT, INFO, ENDE = (269, 289), (396, 462), (618, 562), (688, 562), (758, 562)
-ZURÜCK, JA, NEIN, INFO_OK, CODE_ZURÜCK, BILD = (695, 184), (331, 317), (464, 317), (443 + 147, 429), (604, 429), (400, 170)
+KURS, START, LEHRKRAFT, INFO, ENDE = (239, 289), (396, 462), (618, 562), (688, 562), (758, 562)
+ZURÜCK, JA, NEIN, INFO_OK, CODE_ZURÜCK, BILD = (695, 184), (331, 317), (464, 317), (590, 429), (604, 429), (400, 170)
 STUFE_ZURÜCK = (618, 562)
 ZELLEN = 56
 
@@ -29,7 +29,7 @@ class Klopfmeise:
     zeichen = {
         "Klassenliste": [((544, 380), GRAU, False), ((300, 440), GRAU, True)],
         "Namensliste": [((300, 440), WEISS, True), ((544, 400), WEISS, True)],
-        "Menü": [((269, 289), GRAU, False), ((393, 401), GRAU, False), ((300, 440), GRAU, True)],
+        "Menü": [(KURS, GRAU, False), ((393, 401), GRAU, False), ((300, 440), GRAU, True)],
         "Codefeld": [((330, 327), WEISS, True), (CODE_ZURÜCK, GRAU, False), ((200, 400), GRAU, True)],
         "Endefrage": [(JA, GRAU, False), (NEIN, GRAU, False), ((393, 401), GRAU, True), ((200, 300), GRAU, True)],
         "Infoseite": [(INFO_OK, GRAU, False), ((235, 284), GRAU, False), ((330, 327), GRAU, True),

@@ -73,6 +73,8 @@ ZUSAMMENGESETZT = {"ê": "^e", "é": "´e", "à": "`a", "Ô": "^O"}
 class Schirm:
     """One Xvfb with everything around it; a context manager that ends all it started."""
 
+    fehlerbilder = None  # folder for a picture of the screen on which a check failed
+
     def __init__(self, breite, höhe, programm):
         self.breite, self.höhe = breite, höhe
         self.programm = pathlib.Path(programm).resolve()
@@ -92,7 +94,10 @@ class Schirm:
             raise
         return self
 
-    def __exit__(self, *_):
+    def __exit__(self, art, *_):
+        with contextlib.suppress(Exception):
+            if art and self.fehlerbilder:
+                self.foto(self.fehlerbilder / f"fehler_{self.breite}x{self.höhe}_{time.strftime('%H%M%S')}.png")
         self._stapel.close()
 
     def _aufbauen(self):
@@ -113,6 +118,8 @@ class Schirm:
         self.umgebung.update(DISPLAY=":" + nummer, HOME=str(self.ordner / "heim"),
                              XDG_RUNTIME_DIR=str(self.ordner / "lauf"), LANG="de_DE.UTF-8", LC_ALL="de_DE.UTF-8",
                              QT_LOGGING_RULES="*.debug=false")
+        # What the toolkit's own libraries keep to the end is not looked at.
+        self.umgebung.setdefault("ASAN_OPTIONS", "detect_leaks=0")
         for geerbt in ("XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "QT_SCALE_FACTOR"):
             self.umgebung.pop(geerbt, None)
         self._bildspeicher()
@@ -228,6 +235,12 @@ class Schirm:
         lauf.stdin.write(self.anschläge(text, je_sekunde))
         lauf.stdin.close()
         return lauf
+
+    def hände_weg(self, tipper):
+        """Ends a typing on the side; a key that it held would repeat for ever."""
+        self._beenden(tipper)
+        codes = sorted({code for code, _, _ in TASTATUR.values()} | set(EBENEN.values()))
+        self.befehl("xdotool", "-", eingabe="".join(f"keyup --delay 0 {code}\n" for code in codes))
 
     # The program.
 

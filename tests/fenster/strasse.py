@@ -86,7 +86,7 @@ def verweigerter_ordner(breite, höhe):
         ablage.als_datenablage(PROGRAMM)
         (ablage.pfad / "Gruppen" / "kme.ein").unlink()
         lauf = schirm.start()
-        warte(lambda: schirm.fenster("^Kein zulässiger Ordner"), "die Meldung über den Ordner")
+        warte(lambda: schirm.fenster("^Kein zul"), "die Meldung über den Ordner")
         schirm.ruhe()
         schirm.foto(BUILD / "bilder" / f"{breite}x{höhe}_11_ordner_meldung.png")
         schirm.befehl("xdotool", "key", "Return")
@@ -100,5 +100,6 @@ def verweigerter_ordner(breite, höhe):
 
 
 if __name__ == "__main__":
+    Schirm.fehlerbilder = pathlib.Path(sys.argv[2]) / "bilder"
     ausführen([(f"{art.__name__} {b}x{h}", lambda a=art, b=b, h=h: a(b, h))
                for b, h in ((800, 600), (1920, 1080)) for art in (straße, verweigerter_ordner)])
