@@ -46,13 +46,14 @@ void Control::setPlace(const Rect& place) {
 void Control::setVisible(bool visible) {
     if (visible == visible_)
         return;
-    visible_ = true; // so that the area is told in both directions
-    FormView* view = form().view();
-    if (view && !windowed())
-        view->areaDirty(parent_, place_.grown(rim));
     visible_ = visible;
-    if (view && windowed())
+    FormView* view = form().view();
+    if (!view)
+        return;
+    if (windowed())
         view->controlChanged(*this);
+    else
+        view->areaDirty(parent_, place_.grown(rim));
 }
 
 void Control::setEnabled(bool enabled) {
