@@ -1,0 +1,299 @@
+// What a key costs in real windows, repaint included, and what is painted anew by it. The toolkit draws into
+// memory (platform "offscreen"); time is that of the process on the processor, and the tenth of a second for
+// which a key stays lit is passed over, as it would hide the work.
+
+#include "bench/fliesstext.h"
+#include "formen.h"
+#include "platform/drawn.h"
+#include "platform/qt/container_widget.h"
+#include "platform/qt/qt_backend.h"
+#include "platform/qt/qt_form_view.h"
+#include "platform/qt/qt_shell.h"
+#include "platform/windowed.h"
+#include "tests/buehne.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPaintEvent>
+#include <QWindow>
+
+#include <dirent.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+using namespace klopfmeise;
+
+namespace {
+
+constexpr int Runden = 7;
+constexpr int Tasten = 40;
+/// The zoom of a screen of 1280 by 1024.
+constexpr double Messzoom = 1.6;
+
+/// Milliseconds of the process on the processor.
+double cpuMs() {
+    timespec zeit{};
+    ::clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &zeit);
+    return static_cast<double>(zeit.tv_sec) * 1e3 + static_cast<double>(zeit.tv_nsec) / 1e6;
+}
+
+double median(std::vector<double> werte) {
+    std::ranges::sort(werte);
+    return werte[werte.size() / 2];
+}
+
+/// The screen without the waits, all else as it is.
+class OhneWarten final : public Backend {
+public:
+    explicit OhneWarten(Backend& echt)
+        : echt_(echt) {}
+    std::unique_ptr<FormView> makeView(Form& form) override { return echt_.makeView(form); }
+    Answer showMessage(const Message& message) override { return echt_.showMessage(message); }
+    void wait(int) override {}
+    void timersChanged() override { echt_.timersChanged(); }
+    Rect screen() const override { return echt_.screen(); }
+    void quit() override { echt_.quit(); }
+
+private:
+    Backend& echt_;
+};
+
+/// Counts the pixels that are painted anew, by the name of what is painted.
+class Malzähler final : public QObject {
+public:
+    bool eventFilter(QObject* wo, QEvent* event) override {
+        if (event->type() != QEvent::Paint)
+            return false;
+        const auto* behälter = dynamic_cast<const ContainerWidget*>(wo);
+        const Control* control = behälter ? behälter->container().asControl() : nullptr;
+        const std::wstring name = control ? std::wstring(control->name()) : behälter ? L"Form" : L"anderes";
+        for (const QRect& stück : static_cast<const QPaintEvent&>(*event).region())
+            pixel[name] += stück.width() * stück.height();
+        return false;
+    }
+    std::map<std::wstring, int> pixel;
+};
+
+class Probe {
+public:
+    explicit Probe(QtBackend& qt)
+        : qt_(qt) {
+        qt_.setRuntime(runtime);
+        formenEintragen({runtime, global});
+        global.Programmpfad = L"\\nirgends\\";
+        global.Datenpfad = logikpfad(bühne.daten()) + L"\\";
+        global.AktuelleKlasse = L"Hasen\\";
+        global.AktuellesKonto = L"Mia._";
+        global.KlasseGewaehlt = 1;
+    }
+
+    /// Shows a form as the menu would.
+    Form& zeigen(std::wstring_view name) {
+        runtime.show(L"frmTemp");
+        runtime.show(name);
+        ruhe();
+        return *runtime.active();
+    }
+    void ruhe() {
+        // Some reactions are put off to the next round of the event loop.
+        for (int i = 0; i < 4; ++i)
+            QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents();
+    }
+    void taste(char zeichen) {
+        const Form* form = runtime.active();
+        QWindow* fenster = static_cast<QtFormView*>(form->view())->widget().window()->windowHandle();
+        for (const auto art : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event(art, zeichen == ' ' ? Qt::Key_Space : Qt::Key_A + (zeichen - 'a'), Qt::NoModifier,
+                            QString(QLatin1Char(zeichen)));
+            QCoreApplication::sendEvent(fenster, &event);
+        }
+        ruhe();
+    }
+    std::wstring fehler() { return runtime.active()->find<Label>(L"lblFehler")->caption(); }
+
+    Bühne bühne;
+    ManualClock uhr;
+    Globale global;
+
+private:
+    QtBackend& qt_;
+    OhneWarten ohneWarten_{qt_};
+
+public:
+    FormRuntime runtime{ohneWarten_,
+                        {uhr, bühne.random, bühne.sound, bühne.echteDateien, bühne.registry, bühne.shell}};
+};
+
+struct Tastenkosten {
+    double seite = 0;
+    double taste = 0;
+    double zeile = 0;
+};
+
+/// Opens a flowing text of so many characters, types its beginning, and scrolls by one line.
+Tastenkosten fliesstextKosten(QtBackend& qt, std::size_t zeichen, bool malen) {
+    Probe probe(qt);
+    const std::string text = fliesstext(zeichen);
+    probe.bühne.lektion(1, "Mehrzeiler", {text});
+    double vorher = cpuMs();
+    Form& form = probe.zeigen(L"Tastatur2");
+    Tastenkosten kosten{.seite = cpuMs() - vorher};
+    std::size_t pos = 0;
+    for (int i = 0; i < 5; ++i)
+        probe.taste(text[pos++]);
+    vorher = cpuMs();
+    for (int i = 0; i < Tasten; ++i)
+        probe.taste(text[pos++]);
+    kosten.taste = (cpuMs() - vorher) / Tasten;
+    // The window holds four lines: on until the cursor stands below.
+    const auto* fenster = form.find<PictureBox>(L"Picture1");
+    const auto zelle = [&] { return form.find<Label>(L"lbl", static_cast<int>(pos) + 1); };
+    while (pos + 1 < zeichen && zelle()->bottom() <= fenster->height())
+        probe.taste(text[pos++]);
+    Malzähler zähler;
+    if (malen)
+        qApp->installEventFilter(&zähler);
+    const int oben = zelle()->top();
+    vorher = cpuMs();
+    probe.uhr.advance(0.06);
+    probe.runtime.serveTimers();
+    probe.ruhe();
+    kosten.zeile = cpuMs() - vorher;
+    if (malen) {
+        std::printf("Eine Zeile weiter (Zelle um %d Twips), neu gemalte Pixel:", zelle()->top() - oben);
+        for (const auto& [name, pixel] : zähler.pixel)
+            std::printf(" %ls %d", name.c_str(), pixel);
+        const auto& widget = static_cast<QtFormView*>(form.view())->widget();
+        std::printf("; ganze Seite %d\n", widget.width() * widget.height());
+    }
+    if (probe.fehler() != L"0")
+        std::printf("Falsch gemessen: %ls Fehler beim Tippen\n", probe.fehler().c_str());
+    return kosten;
+}
+
+void fliesstextMessen(QtBackend& qt) {
+    fliesstextKosten(qt, 2000, true);
+    std::map<std::size_t, std::vector<Tastenkosten>> gemessen;
+    for (int i = 0; i < Runden; ++i)
+        for (const std::size_t zeichen : {200, 2000, 20000})
+            gemessen[zeichen].push_back(fliesstextKosten(qt, zeichen, false));
+    const auto wert = [&](std::size_t zeichen, double Tastenkosten::*was) {
+        std::vector<double> werte;
+        for (const Tastenkosten& k : gemessen[zeichen])
+            werte.push_back(k.*was);
+        return median(werte);
+    };
+    std::printf("\nFließtext, CPU-Zeit je Vorgang in ms (Median aus %d)\n", Runden);
+    std::printf("%-22s %10s %10s %10s %14s\n", "", "200", "2000", "20000", "20000 / 200");
+    for (const auto& [name, was] :
+         {std::pair{"Seite zeigen", &Tastenkosten::seite}, {"eine Taste", &Tastenkosten::taste}})
+        std::printf("%-22s %10.3f %10.3f %10.3f %14.2f\n", name, wert(200, was), wert(2000, was),
+                    wert(20000, was), wert(20000, was) / wert(200, was));
+    // The short text fits the window and never scrolls.
+    std::printf("%-22s %10s %10.3f %10.3f\n", "eine Zeile weiter", "–", wert(2000, &Tastenkosten::zeile),
+                wert(20000, &Tastenkosten::zeile));
+}
+
+int zählenMitReaddir(const std::filesystem::path& ordner) {
+    DIR* offen = ::opendir(ordner.c_str());
+    int gefunden = 0;
+    while (::readdir(offen))
+        ++gefunden;
+    ::closedir(offen);
+    return gefunden;
+}
+
+/// The title page becomes active in a school with this many classes and accounts, and its list of names is
+/// opened; both are painted whole.
+void titelseiteMessen(QtBackend& qt) {
+    constexpr int viele = 1000;
+    std::map<int, std::vector<double>> seite;
+    std::map<int, std::vector<double>> namen;
+    std::vector<double> klassenLesen;
+    std::vector<double> kontenLesen;
+    for (const int anzahl : {1, viele}) {
+        Probe probe(qt);
+        const std::filesystem::path gruppen = probe.bühne.daten() / "Gruppen";
+        for (int i = 1; i < anzahl; ++i) {
+            const std::string nummer = std::to_string(i);
+            std::filesystem::create_directory(gruppen / ("Klasse " + nummer));
+            std::filesystem::copy_file(probe.bühne.konto(), gruppen / "Hasen" / ("Kind " + nummer + "._"));
+        }
+        Form& form = probe.zeigen(L"Lern1");
+        const auto gemalt = [&](const std::function<void()>& handler) {
+            const double vorher = cpuMs();
+            probe.runtime.dispatch(form, handler);
+            static_cast<QtFormView*>(form.view())->widget().update();
+            probe.ruhe();
+            return cpuMs() - vorher;
+        };
+        for (int i = 0; i < 3 * Runden; ++i) {
+            seite[anzahl].push_back(gemalt([&] { form.Form_Activate(); }));
+            gemalt(form.find<Picture>(L"cmdAllesZurück")->click);
+            namen[anzahl].push_back(gemalt(form.find<Label>(L"LblGruppe", 0)->mouseDown));
+            if (form.find<FileList>(L"File1")->itemCount() != anzahl)
+                std::printf("Falsch gemessen: die Liste der Namen ist nicht da\n");
+            double vorher = cpuMs();
+            zählenMitReaddir(gruppen);
+            if (anzahl == viele)
+                klassenLesen.push_back(cpuMs() - vorher);
+            vorher = cpuMs();
+            zählenMitReaddir(gruppen / "Hasen");
+            if (anzahl == viele)
+                kontenLesen.push_back(cpuMs() - vorher);
+        }
+    }
+    const double klassen = median(klassenLesen);
+    const double konten = median(kontenLesen);
+    std::printf("\nAuflisten und Malen, CPU-Zeit in ms: %-10s %10s %10s %24s\n", "je 1000", "je 1", "readdir",
+                "1000 / (1 + readdir)");
+    const auto zeile = [&](const char* name, std::map<int, std::vector<double>>& werte, double lesen) {
+        const double einer = median(werte[1]);
+        std::printf("%-36s %10.2f %10.2f %10.2f %24.2f\n", name, median(werte[viele]), einer, lesen,
+                    median(werte[viele]) / (einer + lesen));
+    };
+    zeile("Titelseite (Klassen und Konten)", seite, klassen + konten);
+    zeile("Liste der Namen (Konten)", namen, konten);
+}
+
+/// What the pictures of a page take at the zoom of the screen that is measured from outside, by their places.
+void bilderZählen(QtBackend& qt) {
+    Probe probe(qt);
+    Form& form = probe.zeigen(L"Tastatur1");
+    Scale maß;
+    maß.zoom = Messzoom;
+    std::set<std::tuple<std::wstring, int, int>> gezählt;
+    double mib = 0;
+    const auto zähle = [&](const std::wstring& name, const Rect& platz) {
+        const QRect fläche = maß.device(platz);
+        if (!name.empty() && gezählt.insert({name, fläche.width(), fläche.height()}).second)
+            mib += fläche.width() * fläche.height() * 4.0 / (1024 * 1024);
+    };
+    zähle(form.look().picture, {0, 0, form.width(), form.height()});
+    const double grund = mib;
+    form.forEachIn({0, 0, form.width(), form.height()}, [&](Control& control) {
+        if (const auto* bild = dynamic_cast<const Picture*>(&control))
+            zähle(bild->picture().name, bild->place());
+    });
+    std::printf("\nBilder der einzeiligen Stufe bei Zoom %.1f: %zu, zusammen %.1f MiB, davon der Hintergrund "
+                "%.1f MiB\n",
+                Messzoom, gezählt.size(), mib, grund);
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    std::setlocale(LC_CTYPE, "C.UTF-8");
+    QtBackend qt(argc, argv);
+    fliesstextMessen(qt);
+    titelseiteMessen(qt);
+    bilderZählen(qt);
+}

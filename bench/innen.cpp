@@ -1,0 +1,155 @@
+// What the program costs without a screen: each measurement beside the least that the machine needs for it,
+// so that the ratio of the two says something on any machine.
+
+#include "bench/fliesstext.h"
+#include "course/genauigkeit.h"
+#include "course/textfenster.h"
+#include "platform/posix_files.h"
+#include "tests/buehne.h"
+
+#include <benchmark/benchmark.h>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <array>
+#include <string>
+
+using namespace klopfmeise;
+
+namespace {
+
+constexpr int Klassenzahl = 1000;
+
+/// A folder with many classes, the first of which has as many children.
+struct VolleSchule {
+    VolleSchule() {
+        const std::filesystem::path vorbild = bühne.konto();
+        for (int i = 0; i < Klassenzahl; ++i) {
+            const std::string nummer = std::to_string(i);
+            std::filesystem::create_directory(gruppen() / ("Klasse " + nummer));
+            std::filesystem::copy_file(vorbild, kinder() / ("Kind " + nummer + "._"));
+        }
+    }
+    std::filesystem::path gruppen() const { return bühne.daten() / "Gruppen"; }
+    std::filesystem::path kinder() const { return gruppen() / "Hasen"; }
+
+    Bühne bühne;
+};
+
+VolleSchule& volleSchule() {
+    static VolleSchule schule;
+    return schule;
+}
+
+// One key writes the child's accuracy.
+
+void konto(benchmark::State& state) {
+    const Bühne bühne;
+    PosixFiles dateien;
+    const std::wstring pfad = logikpfad(bühne.konto());
+    int pos = 0;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(genauigkeitFortschreiben(dateien, pfad, {3, ++pos % 50 + 1, 1}));
+}
+BENCHMARK(konto);
+
+void kontoNurSystemaufrufe(benchmark::State& state) {
+    const Bühne bühne;
+    const std::string pfad = bühne.konto().string();
+    constexpr off_t satz = 35 * Kontodatei::Satzlaenge;
+    constexpr std::size_t double_mit_marke = 10;
+    for (auto _ : state) {
+        std::array<char, Kontodatei::Satzlaenge> bytes{};
+        const int datei = ::open(pfad.c_str(), O_RDWR | O_CLOEXEC);
+        if (datei < 0 || ::pread(datei, bytes.data(), bytes.size(), satz) < 0 ||
+            ::pwrite(datei, bytes.data(), double_mit_marke, satz) < 0)
+            state.SkipWithError("the account cannot be reached");
+        ::close(datei);
+    }
+}
+BENCHMARK(kontoNurSystemaufrufe);
+
+// A school with a thousand classes and a thousand children in one of them.
+
+void klassenListen(benchmark::State& state) {
+    const std::wstring ordner = logikpfad(volleSchule().gruppen());
+    PosixFiles dateien;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(dateien.listFolders(ordner));
+}
+BENCHMARK(klassenListen);
+
+void klassenNurReaddir(benchmark::State& state) {
+    const std::string ordner = volleSchule().gruppen().string();
+    for (auto _ : state) {
+        DIR* offen = ::opendir(ordner.c_str());
+        int gefunden = 0;
+        while (::readdir(offen))
+            ++gefunden;
+        ::closedir(offen);
+        benchmark::DoNotOptimize(gefunden);
+    }
+}
+BENCHMARK(klassenNurReaddir);
+
+void kontenListen(benchmark::State& state) {
+    const std::wstring ordner = logikpfad(volleSchule().kinder());
+    PosixFiles dateien;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(dateien.listFiles(ordner, L"*._"));
+}
+BENCHMARK(kontenListen);
+
+/// The title page becomes active with a class and a child chosen: both lists are filled.
+void titelseite(benchmark::State& state) {
+    Bühne& bühne = volleSchule().bühne;
+    bühne.öffnen(L"Lern1");
+    Form& seite = *bühne.runtime.active();
+    for (auto _ : state)
+        bühne.runtime.dispatch(seite, [&] { seite.Form_Activate(); });
+}
+BENCHMARK(titelseite);
+
+// Laying out a flowing text; the whole page, as START opens it, and the text alone.
+
+void fliesstextseite(benchmark::State& state) {
+    Bühne bühne;
+    bühne.lektion(1, "Mehrzeiler", {fliesstext(static_cast<std::size_t>(state.range(0)))});
+    bühne.öffnen(L"Tastatur0");
+    for (auto _ : state) {
+        bühne.runtime.show(L"Tastatur2");
+        state.PauseTiming();
+        bühne.runtime.unload(L"Tastatur2");
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(fliesstextseite)->Arg(200)->Arg(2000)->Arg(20000)->Unit(benchmark::kMillisecond);
+
+class Textprobe final : public Form {
+public:
+    explicit Textprobe(const Umgebung& umgebung)
+        : Form(umgebung.runtime, L"Textprobe", {})
+        , bild_(*this, umgebung)
+        , text(*this, umgebung, bild_, 660, {}) {}
+
+private:
+    Tastaturbild bild_;
+
+public:
+    Textfenster text;
+};
+
+void umbruch(benchmark::State& state) {
+    Bühne bühne;
+    bühne.öffnen(L"Tastatur0");
+    Textprobe probe(bühne.umgebung);
+    const std::string text = fliesstext(static_cast<std::size_t>(state.range(0)));
+    probe.text.Text1.setText(std::wstring(text.begin(), text.end()));
+    for (auto _ : state)
+        probe.text.Übernehmen();
+}
+BENCHMARK(umbruch)->Arg(200)->Arg(2000)->Arg(20000)->Unit(benchmark::kMillisecond);
+
+} // namespace
