@@ -72,10 +72,16 @@ Image read(const std::wstring& path, const QSize& size, Files& files) {
 
 } // namespace
 
+void PictureCache::prepare(const std::wstring& name, const QSize& size) {
+    Entry& entry = entries_[{name, size.width(), size.height()}];
+    if (entry.lastUse == 0 && !entry.pending.valid())
+        entry.pending = std::async(std::launch::async, rendered, name, size);
+}
+
 Image PictureCache::drawing(const std::wstring& name, const QSize& size) {
     Entry& entry = entries_[{name, size.width(), size.height()}];
     if (entry.lastUse == 0)
-        entry.image = rendered(name, size);
+        entry.image = entry.pending.valid() ? entry.pending.get() : rendered(name, size);
     entry.lastUse = ++uses_;
     Image image = entry.image;
     trim();

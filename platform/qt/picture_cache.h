@@ -6,6 +6,7 @@
 #include <QSize>
 
 #include <compare>
+#include <future>
 #include <map>
 #include <memory>
 #include <string>
@@ -23,6 +24,9 @@ class PictureCache {
 public:
     /// The drawing ":/bilder/<name>.svg" at `size` device pixels; null if there is none or it is broken.
     Image drawing(const std::wstring& name, const QSize& size);
+    /// Begins to render a drawing that will be asked for soon, on a thread of its own, so that a page's
+    /// background is ready when its controls are.
+    void prepare(const std::wstring& name, const QSize& size);
     void trim();
 
 private:
@@ -35,6 +39,8 @@ private:
     struct Entry {
         Image image;
         unsigned lastUse = 0;
+        /// The picture under way; taken by the first use.
+        std::future<Image> pending = {};
     };
 
     std::map<Key, Entry> entries_;

@@ -92,6 +92,8 @@ Answer QtBackend::showMessage(const Message& message) {
     QtFormView* view = desk_.runtime && desk_.runtime->active()
                            ? static_cast<QtFormView*>(desk_.runtime->active()->view())
                            : nullptr;
+    if (view)
+        view->openWindow();
     QWidget* parent =
         view && view->widget().window()->isVisible() ? view->widget().window() : stage_.shownWindow();
     return askUser(message, parent, stage_.zoom() / stage_.ratio());

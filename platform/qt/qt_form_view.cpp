@@ -18,6 +18,12 @@ QtFormView::QtFormView(Form& form, Desk& desk)
     , desk_(desk)
     , pictures_(desk.pictures)
     , widget_(new FormWidget(*this, form, onStage() ? desk.stage->window() : nullptr)) {
+    if (form.kind() == FormKind::fullScreen && !form.look().picture.empty()) {
+        Scale scale;
+        scale.zoom = desk.stage->zoom();
+        scale.ratio = desk.stage->ratio();
+        desk.pictures.prepare(form.look().picture, scale.device({0, 0, form.width(), form.height()}).size());
+    }
     containers_[&form_] = widget_;
     build(form_, widget_);
     if (onStage())
@@ -135,6 +141,24 @@ void QtFormView::show() {
         desk_.stage->raise(*this);
         return;
     }
+    if (form_.kind() != FormKind::splash) {
+        openWindow();
+        return;
+    }
+    // Start-up is mostly through before the splash could be seen; it opens where something has to be waited
+    // for.
+    QMetaObject::invokeMethod(
+        widget_,
+        [this] {
+            if (form_.visible())
+                openWindow();
+        },
+        Qt::QueuedConnection);
+}
+
+void QtFormView::openWindow() {
+    if (onStage() || widget_->isVisible())
+        return;
     widget_->setWindowTitle(toQt(form_.caption()));
     widget_->winId();
     QWindow* window = widget_->windowHandle();
@@ -156,8 +180,10 @@ void QtFormView::activate() {
     syncStale();
     if (onStage())
         desk_.stage->raise(*this);
-    else
+    else if (widget_->isVisible())
         widget_->raise();
+    else
+        return;
     focusTarget()->setFocus(Qt::OtherFocusReason);
     if (widget_->window()->windowHandle() != QGuiApplication::focusWindow())
         widget_->activateWindow();

@@ -39,6 +39,9 @@ public:
     void activate() override;
     void takeFocus(Control& control) override;
 
+    /// Shows the window of a form that has one of its own, unless it is shown already.
+    void openWindow();
+
     Form& form() const { return form_; }
     Desk& desk() const { return desk_; }
     FormWidget& widget() const { return *widget_; }
