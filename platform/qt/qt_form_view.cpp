@@ -53,20 +53,21 @@ bool QtFormView::onStage() const {
 Files& QtFormView::files() const { return desk_.runtime->services().files; }
 
 void QtFormView::build(Container& container, QWidget* parent) {
-    for (std::size_t slot = 0; slot < container.controlCount(); ++slot) {
-        Control& control = container.control(slot);
-        if (!control.windowed())
-            continue;
-        auto view = makeControlView(*this, control, parent);
-        if (!view)
-            continue;
-        QWidget* widget = view->widget();
-        ContainerWidget* inner = view->container();
-        controls_.push_back(std::move(view));
-        if (inner) {
-            containers_[&inner->container()] = inner;
-            build(inner->container(), widget);
-        }
+    for (std::size_t slot = 0; slot < container.controlCount(); ++slot)
+        if (Control& control = container.control(slot); control.windowed() && control.visible())
+            make(control, parent);
+}
+
+void QtFormView::make(Control& control, QWidget* parent) {
+    auto view = makeControlView(*this, control, parent);
+    if (!view)
+        return;
+    QWidget* widget = view->widget();
+    ContainerWidget* inner = view->container();
+    controls_.push_back(std::move(view));
+    if (inner) {
+        containers_[&inner->container()] = inner;
+        build(inner->container(), widget);
     }
 }
 
@@ -78,13 +79,8 @@ void QtFormView::react(std::function<void()> handler) {
 }
 
 void QtFormView::controlAdded(Control& control) {
-    if (!control.windowed())
-        return;
-    if (ContainerWidget* parent = containerWidget(control.parent()))
-        if (auto view = makeControlView(*this, control, parent)) {
-            controls_.push_back(std::move(view));
-            controlChanged(control);
-        }
+    if (control.windowed())
+        controlChanged(control);
 }
 
 void QtFormView::controlRemoved(Control& control) {
@@ -246,10 +242,22 @@ void QtFormView::layoutWindow() {
 }
 
 void QtFormView::syncStale() {
-    for (Control* control : std::exchange(stale_, {}))
-        for (const auto& view : controls_)
-            if (&view->control() == control)
-                view->sync(scaleOf(control->parent()));
+    for (Control* control : std::exchange(stale_, {})) {
+        const auto known =
+            std::ranges::find_if(controls_, [&](const auto& v) { return &v->control() == control; });
+        if (known != controls_.end()) {
+            (*known)->sync(scaleOf(control->parent()));
+            continue;
+        }
+        // A widget is made when its control first shows; in a hidden container it comes with that.
+        ContainerWidget* parent = containerWidget(control->parent());
+        if (!control->visible() || !parent)
+            continue;
+        const std::size_t before = controls_.size();
+        make(*control, parent);
+        for (std::size_t i = before; i < controls_.size(); ++i)
+            controls_[i]->sync(scaleOf(controls_[i]->control().parent()));
+    }
 }
 
 ControlView* QtFormView::controlView(const QWidget* widget) const {

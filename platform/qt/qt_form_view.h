@@ -66,7 +66,10 @@ public:
     bool canMoveFocus(const QWidget& from) const;
 
 private:
+    /// Makes the widgets of the visible windowed controls; those of hidden ones are made when they first
+    /// show.
     void build(Container& container, QWidget* parent);
+    void make(Control& control, QWidget* parent);
     QWidget* focusTarget() const;
     Scale scaleOf(const Container& container) const;
     void flushLater();

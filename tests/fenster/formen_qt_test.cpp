@@ -167,9 +167,13 @@ TEST_F(FormenQt, everyFormOfTheTableStandsWholeOnTheScreen) {
         std::unique_ptr<FormView> own = splash ? backend().makeView(*form) : nullptr;
         auto& shown = *static_cast<QtFormView*>(splash ? own.get() : form->view());
         if (splash)
-            shown.show();
+            shown.openWindow();
         std::vector<Control*> controls;
         alle(*form, controls);
+        // A hidden control gets its widget when it first shows.
+        for (Control* control : controls)
+            control->show();
+        QCoreApplication::processEvents();
 
         std::set<std::wstring> names;
         for (const Control* control : controls)
