@@ -26,13 +26,6 @@ Tastatur1::Tastatur1(const Umgebung& umgebung)
     lblPosV(Zellen).setFontName(wingdings);
 }
 
-PictureLook Tastatur1::knopf(const wchar_t* bild, const wchar_t* tip, void (Tastatur1::*klick)()) {
-    return {.picture = bild, .pointer = Pointer::hand, .toolTip = tip, .click = [this, klick] {
-                umgebung_.klang(L"knopf.wav");
-                (this->*klick)();
-            }};
-}
-
 void Tastatur1::Form_Load() {
     centre();
     fuss_.LblName.setCaption(kontoname(umgebung_.global));

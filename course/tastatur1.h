@@ -2,6 +2,7 @@
 
 #include "course/genauigkeit.h"
 #include "course/tastaturbild.h"
+#include "front/bildknopf.h"
 #include "front/fusszeile.h"
 #include "platform/control_array.h"
 #include "platform/form.h"
@@ -47,7 +48,6 @@ private:
 
     static constexpr Font zeilenschrift{courier, 14.25, true};
     static LabelLook zahl() { return {.align = Align::center, .autoSize = true}; }
-    PictureLook knopf(const wchar_t* bild, const wchar_t* tip, void (Tastatur1::*klick)());
 
     Umgebung umgebung_;
     int Pos = 1;
@@ -143,19 +143,21 @@ private:
                   .align = Align::center}};
 
     Fusszeile fuss_{*this, L"Klopfmeise - Der Kurs"};
-    Picture imgNeu{*this,
-                   L"imgNeu",
-                   {8820, 7980, 900, 900},
-                   knopf(L"knopf_zurueck", L"Zurück zur Startseite", &Tastatur1::imgNeu_Click)};
+    Picture imgNeu{
+        *this,
+        L"imgNeu",
+        {8820, 7980, 900, 900},
+        bildknopf(umgebung_, L"knopf_zurueck", L"Zurück zur Startseite", [this] { imgNeu_Click(); })};
     Picture imgHilfe{*this,
                      L"imgHilfe",
                      {9870, 7980, 900, 900},
-                     knopf(L"knopf_hilfe", L"Hilfe", &Tastatur1::imgHilfe_Click),
+                     bildknopf(umgebung_, L"knopf_hilfe", L"Hilfe", [this] { imgHilfe_Click(); }),
                      0};
-    Picture imgEnde{*this,
-                    L"imgEnde",
-                    {10920, 7980, 900, 900},
-                    knopf(L"knopf_ende", L"Zurück zur Titelseite", &Tastatur1::imgEnde_Click)};
+    Picture imgEnde{
+        *this,
+        L"imgEnde",
+        {10920, 7980, 900, 900},
+        bildknopf(umgebung_, L"knopf_ende", L"Zurück zur Titelseite", [this] { imgEnde_Click(); })};
 
     Timer Timer1{*this, L"Timer1", {.interval = 50, .enabled = false, .tick = [this] { Timer1_Timer(); }}};
     Timer Timer2{*this, L"Timer2", {.interval = 200, .tick = [this] { Timer2_Timer(); }}};

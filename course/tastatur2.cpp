@@ -22,13 +22,6 @@ Tastatur2::Tastatur2(const Umgebung& umgebung)
     : Form(umgebung.runtime, L"Tastatur2", {.picture = L"hintergrund_tastatur"})
     , umgebung_(umgebung) {}
 
-PictureLook Tastatur2::knopf(const wchar_t* bild, const wchar_t* tip, void (Tastatur2::*klick)()) {
-    return {.picture = bild, .pointer = Pointer::hand, .toolTip = tip, .click = [this, klick] {
-                umgebung_.klang(L"knopf.wav");
-                (this->*klick)();
-            }};
-}
-
 void Tastatur2::Form_Load() {
     centre();
     fuss_.LblName.setCaption(kontoname(umgebung_.global));

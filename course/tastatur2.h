@@ -2,6 +2,7 @@
 
 #include "course/genauigkeit.h"
 #include "course/textfenster.h"
+#include "front/bildknopf.h"
 #include "front/fusszeile.h"
 #include "platform/form.h"
 #include "platform/timer.h"
@@ -40,7 +41,6 @@ private:
     int Restzeit() const;
 
     static LabelLook zahl() { return {.align = Align::center, .autoSize = true}; }
-    PictureLook knopf(const wchar_t* bild, const wchar_t* tip, void (Tastatur2::*klick)());
 
     Umgebung umgebung_;
     int Fehlerzahl = 0;
@@ -74,7 +74,7 @@ private:
     Picture cmdNeu{*this,
                    L"cmdNeu",
                    {5670, 4410, 720, 720},
-                   knopf(L"knopf_uhr_neu", L"Noch einmal", &Tastatur2::cmdNeu_Click)};
+                   bildknopf(umgebung_, L"knopf_uhr_neu", L"Noch einmal", [this] { cmdNeu_Click(); })};
 
     Label LblLektion{*this,
                      L"LblLektion",
@@ -89,19 +89,21 @@ private:
     Label lblGenau{*this, L"lblGenau", {10605, 210, 855, 240}, zahl()};
 
     Fusszeile fuss_{*this, L"Klopfmeise - Der Kurs"};
-    Picture imgNeu{*this,
-                   L"imgNeu",
-                   {8820, 7980, 900, 900},
-                   knopf(L"knopf_zurueck", L"Zurück zur Startseite", &Tastatur2::imgNeu_Click)};
+    Picture imgNeu{
+        *this,
+        L"imgNeu",
+        {8820, 7980, 900, 900},
+        bildknopf(umgebung_, L"knopf_zurueck", L"Zurück zur Startseite", [this] { imgNeu_Click(); })};
     Picture imgHilfe{*this,
                      L"imgHilfe",
                      {9870, 7980, 900, 900},
-                     knopf(L"knopf_hilfe", L"Hilfe", &Tastatur2::imgHilfe_Click),
+                     bildknopf(umgebung_, L"knopf_hilfe", L"Hilfe", [this] { imgHilfe_Click(); }),
                      0};
-    Picture imgEnde{*this,
-                    L"imgEnde",
-                    {10920, 7980, 900, 900},
-                    knopf(L"knopf_ende", L"Zurück zur Titelseite", &Tastatur2::imgEnde_Click)};
+    Picture imgEnde{
+        *this,
+        L"imgEnde",
+        {10920, 7980, 900, 900},
+        bildknopf(umgebung_, L"knopf_ende", L"Zurück zur Titelseite", [this] { imgEnde_Click(); })};
 
     Timer Timer1{*this, L"Timer1", {.interval = 50, .enabled = false, .tick = [this] { Timer1_Timer(); }}};
     Timer Timer2{*this, L"Timer2", {.interval = 200, .tick = [this] { Timer2_Timer(); }}};

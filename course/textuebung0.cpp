@@ -29,13 +29,6 @@ Textübung0::Textübung0(const Umgebung& umgebung)
     : Form(umgebung.runtime, L"Textübung0", {.picture = L"hintergrund_tastatur"})
     , umgebung_(umgebung) {}
 
-PictureLook Textübung0::knopf(const wchar_t* bild, const wchar_t* tip, void (Textübung0::*klick)()) {
-    return {.picture = bild, .pointer = Pointer::hand, .toolTip = tip, .click = [this, klick] {
-                umgebung_.klang(L"knopf.wav");
-                (this->*klick)();
-            }};
-}
-
 void Textübung0::Form_Load() {
     centre();
     fuss_.LblName.setCaption(kontoname(umgebung_.global));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "course/textfenster.h"
+#include "front/bildknopf.h"
 #include "front/fusszeile.h"
 #include "platform/form.h"
 #include "platform/timer.h"
@@ -36,7 +37,6 @@ private:
 
     static LabelLook zahl() { return {.align = Align::center, .autoSize = true}; }
     static LabelLook angabe(const wchar_t* text) { return {.caption = text, .wrap = false}; }
-    PictureLook knopf(const wchar_t* bild, const wchar_t* tip, void (Textübung0::*klick)());
 
     Umgebung umgebung_;
     int Fehlerzahl = 0;
@@ -93,16 +93,17 @@ private:
     Picture imgNeu{*this,
                    L"imgNeu",
                    {8820, 7980, 900, 900},
-                   knopf(L"knopf_neu", L"Noch einmal von vorn", &Textübung0::imgNeu_Click)};
+                   bildknopf(umgebung_, L"knopf_neu", L"Noch einmal von vorn", [this] { imgNeu_Click(); })};
     Picture imgHilfe{*this,
                      L"imgHilfe",
                      {9870, 7980, 900, 900},
-                     knopf(L"knopf_hilfe", L"Hilfe", &Textübung0::imgHilfe_Click),
+                     bildknopf(umgebung_, L"knopf_hilfe", L"Hilfe", [this] { imgHilfe_Click(); }),
                      0};
-    Picture imgEnde{*this,
-                    L"imgEnde",
-                    {10920, 7980, 900, 900},
-                    knopf(L"knopf_ende", L"Zurück zur Titelseite", &Textübung0::imgEnde_Click)};
+    Picture imgEnde{
+        *this,
+        L"imgEnde",
+        {10920, 7980, 900, 900},
+        bildknopf(umgebung_, L"knopf_ende", L"Zurück zur Titelseite", [this] { imgEnde_Click(); })};
 
     Timer Timer1{*this, L"Timer1", {.interval = 50, .enabled = false, .tick = [this] { Timer1_Timer(); }}};
     Timer Timer2{*this, L"Timer2", {.interval = 300, .tick = [this] { Timer2_Timer(); }}};

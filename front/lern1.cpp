@@ -56,13 +56,6 @@ Lern1::Lern1(const Umgebung& umgebung)
     cmdAllesZurück.hide();
 }
 
-PictureLook Lern1::knopf(const wchar_t* bild, const wchar_t* tip, void (Lern1::*klick)()) {
-    return {.picture = bild, .pointer = Pointer::hand, .toolTip = tip, .click = [this, klick] {
-                knopfklang();
-                (this->*klick)();
-            }};
-}
-
 LabelLook Lern1::überschrift(const wchar_t* text) {
     return {.caption = text, .font = {courier, 18, true}, .align = Align::center};
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "front/bildknopf.h"
 #include "front/fusszeile.h"
 #include "platform/control_array.h"
 #include "platform/form.h"
@@ -46,7 +47,6 @@ private:
     void Label4_Click();
 
     void knopfklang() const { umgebung_.klang(L"knopf.wav"); }
-    PictureLook knopf(const wchar_t* bild, const wchar_t* tip, void (Lern1::*klick)());
     static LabelLook überschrift(const wchar_t* text);
     static LabelLook angabe(const wchar_t* text);
 
@@ -58,22 +58,24 @@ private:
     static constexpr Rect Rahmenplatz{2205, 2520, 7470, 4530};
     static constexpr Rect Kopfplatz{105, 0, 7260, 435};
 
-    Picture cmdLehrkraft{*this,
-                         L"cmdLehrkraft",
-                         {8820, 7980, 900, 900},
-                         knopf(L"knopf_lehrkraft", L"Einstellungsmodus", &Lern1::cmdLehrkraft_Click)};
+    Picture cmdLehrkraft{
+        *this,
+        L"cmdLehrkraft",
+        {8820, 7980, 900, 900},
+        bildknopf(umgebung_, L"knopf_lehrkraft", L"Einstellungsmodus", [this] { cmdLehrkraft_Click(); })};
     Picture cmdInfo{*this,
                     L"cmdInfo",
                     {9870, 7980, 900, 900},
-                    knopf(L"knopf_info", L"über Klopfmeise...", &Lern1::cmdInfo_Click)};
+                    bildknopf(umgebung_, L"knopf_info", L"über Klopfmeise...", [this] { cmdInfo_Click(); })};
     Picture imgEnde{*this,
                     L"imgEnde",
                     {10920, 7980, 900, 900},
-                    knopf(L"knopf_ende", L"Klopfmeise beenden", &Lern1::imgEnde_Click)};
-    Picture cmdAllesZurück{*this,
-                           L"cmdAllesZurück",
-                           {9975, 2310, 900, 900},
-                           knopf(L"knopf_zurueck", L"Zurück", &Lern1::cmdAllesZurück_Click)};
+                    bildknopf(umgebung_, L"knopf_ende", L"Klopfmeise beenden", [this] { imgEnde_Click(); })};
+    Picture cmdAllesZurück{
+        *this,
+        L"cmdAllesZurück",
+        {9975, 2310, 900, 900},
+        bildknopf(umgebung_, L"knopf_zurueck", L"Zurück", [this] { cmdAllesZurück_Click(); })};
 
     Frame frmKlasse{*this, L"frmKlasse", Rahmenplatz, {.visible = false, .mouseMove = [this] {
                                                            keineGruppeHervorheben();
@@ -166,13 +168,17 @@ private:
     Picture command1{frmPin,
                      L"command1",
                      {6405, 3465, 900, 900},
-                     knopf(L"knopf_zurueck", L"Zurück", &Lern1::command1_Click)};
+                     bildknopf(umgebung_, L"knopf_zurueck", L"Zurück", [this] { command1_Click(); })};
 
     Frame frmEnde{*this, L"frmEnde", Rahmenplatz, {.visible = false}};
     Label Label1_4{frmEnde, L"Label1", Kopfplatz, überschrift(L"Willst du wirklich beenden?"), 4};
-    Picture cmdJa{frmEnde, L"cmdJa", {2310, 1785, 900, 900}, knopf(L"knopf_ja", L"Ja", &Lern1::cmdJa_Click)};
-    Picture cmdNein{
-        frmEnde, L"cmdNein", {4305, 1785, 900, 900}, knopf(L"knopf_nein", L"Nein", &Lern1::cmdNein_Click)};
+    Picture cmdJa{frmEnde, L"cmdJa", {2310, 1785, 900, 900}, bildknopf(umgebung_, L"knopf_ja", L"Ja", [this] {
+                      cmdJa_Click();
+                  })};
+    Picture cmdNein{frmEnde,
+                    L"cmdNein",
+                    {4305, 1785, 900, 900},
+                    bildknopf(umgebung_, L"knopf_nein", L"Nein", [this] { cmdNein_Click(); })};
 
     Frame frmInfo{*this, L"frmInfo", Rahmenplatz, {.visible = false}};
     Label Label1_5{frmInfo, L"Label1", Kopfplatz, überschrift(L"Über das Programm..."), 5};
@@ -196,7 +202,7 @@ private:
     Picture cmdInfoOk{frmInfo,
                       L"cmdInfoOk",
                       {6195, 3465, 900, 900},
-                      knopf(L"knopf_ok", L"Schließen", &Lern1::cmdInfoOk_Click)};
+                      bildknopf(umgebung_, L"knopf_ok", L"Schließen", [this] { cmdInfoOk_Click(); })};
 };
 
 } // namespace klopfmeise
