@@ -102,7 +102,7 @@ public:
     /// Counts the pictures set, so that a view can tell a file that was set again.
     int revision() const { return revision_; }
     void setPicture(PictureSource picture);
-    /// Shows a file of the data folder; it is read at once, so that later changes of the file do not show.
+    /// Shows a file of the data folder; it is read when it is next painted, and again at each call.
     void loadFile(const std::wstring& path) { setPicture({path, true}); }
     void clear() { setPicture({}); }
     bool border() const { return border_; }
