@@ -1,5 +1,5 @@
 # Debian packages by purpose; read by ./run and ./test.
-pakete_bauen="g++ cmake ninja-build qt6-base-dev qt6-svg-dev qt6-multimedia-dev fonts-liberation"
+pakete_bauen="g++ cmake ninja-build qt6-base-dev libfontconfig-dev qt6-svg-dev qt6-multimedia-dev fonts-liberation"
 pakete_testen="git libgtest-dev libbenchmark-dev clang-format clang libclang-rt-14-dev \
 xvfb openbox xdotool x11-utils x11-xkb-utils xkb-data imagemagick python3"
 

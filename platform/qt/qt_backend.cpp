@@ -2,6 +2,7 @@
 
 #include "platform/form_runtime.h"
 #include "platform/qt/accessible.h"
+#include "platform/qt/font_folders.h"
 #include "platform/qt/message_dialog.h"
 #include "platform/qt/qt_form_view.h"
 #include "platform/qt/qt_text.h"
@@ -32,6 +33,7 @@ int& prepared(int& argc) {
         qputenv("QT_XCB_GL_INTEGRATION", "none");
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
     QApplication::setDesktopSettingsAware(false);
+    chooseFontFolders();
     return argc;
 }
 

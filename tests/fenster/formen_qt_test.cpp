@@ -12,6 +12,9 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QFont>
+#include <QFontDatabase>
+#include <QFontInfo>
 #include <QImage>
 #include <QKeyEvent>
 #include <QPainter>
@@ -278,6 +281,20 @@ TEST_F(FormenQt, theTypingPageTellsWhatToTypeNext) {
     EXPECT_EQ(page->text(QAccessible::Name), QStringLiteral("Leertaste"));
     type(Qt::Key_Space, " ");
     EXPECT_EQ(page->text(QAccessible::Name), QStringLiteral("ü"));
+}
+
+TEST(Fonts, TheToolkitSeesTheProgramsOwnAlone) {
+    const auto drawnWith = [](const QString& family) {
+        return QFontInfo(QFont(family)).family().toStdString();
+    };
+    // Names such as "Serif" stand for others.
+    for (const QString& family : QFontDatabase::families())
+        EXPECT_TRUE(drawnWith(family).starts_with("Liberation") || drawnWith(family).starts_with("DejaVu"))
+            << family.toStdString();
+    EXPECT_EQ(drawnWith("Courier New"), "Liberation Mono");
+    EXPECT_EQ(drawnWith("Times New Roman"), "Liberation Serif");
+    EXPECT_EQ(drawnWith("Keine Schrift"), "Liberation Sans");
+    EXPECT_EQ(drawnWith("Liberation Mono"), "Liberation Mono");
 }
 
 } // namespace
