@@ -1,8 +1,8 @@
 #include "formen.h"
 #include "platform/posix_files.h"
+#include "platform/qt/late_sound.h"
 #include "platform/qt/qt_backend.h"
 #include "platform/qt/qt_shell.h"
-#include "platform/qt/qt_sound.h"
 #include "platform/reg_file.h"
 #include "platform/system_services.h"
 #include "store/umgebung.h"
@@ -14,7 +14,7 @@ int main(int argc, char* argv[]) {
     SteadyClock clock;
     SystemRandom random;
     PosixFiles files;
-    QtSound sound(files);
+    LateSound sound(files);
     RegFile registry(KLOPFMEISE_MASCHINE);
     QtShell shell(files, KLOPFMEISE_GEMEINSAM);
 

@@ -1,6 +1,7 @@
 """The program as a person sees it: its pages told by their pixels, and the way from one to the next. Places are
 in form coordinates, 800 by 600."""
 
+import pathlib
 import re
 
 from schirm import Fehlschlag, prüfe, warte
@@ -110,6 +111,9 @@ class Klopfmeise:
         text = self.schirm.ausgabe()
         klagen = re.findall(r".*(?:Sanitizer|runtime error|QWidget::|QObject::|QPainter::|ASSERT).*", text)
         prüfe(not klagen, f"Klagen in der Ausgabe: {klagen[:3]}")
+
+    def geladen(self, bibliothek):
+        return bibliothek in pathlib.Path(f"/proc/{self.lauf.pid}/maps").read_text()
 
     def fenster_da(self, titel):
         return bool(self.schirm.fenster(titel))

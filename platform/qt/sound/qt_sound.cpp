@@ -1,4 +1,4 @@
-#include "platform/qt/qt_sound.h"
+#include "platform/qt/sound/qt_sound.h"
 
 #include "platform/qt/qt_text.h"
 

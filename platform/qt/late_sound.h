@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/services.h"
+
+#include <memory>
+
+namespace klopfmeise {
+
+/// The sound of this machine, loaded with the first one played: it comes with more than twenty libraries,
+/// which a start need not wait for. Without the module "klopfmeise_sound" beside the program it is silent.
+class LateSound final : public Sound {
+public:
+    explicit LateSound(const Files& files)
+        : files_(files) {}
+
+    void play(const std::wstring& path, bool wait = false) override;
+
+private:
+    const Files& files_;
+    bool tried_ = false;
+    std::unique_ptr<Sound> sound_;
+};
+
+} // namespace klopfmeise
