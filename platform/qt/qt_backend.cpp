@@ -13,6 +13,8 @@
 #include <QToolTip>
 #include <QWindow>
 
+#include <malloc.h>
+
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -34,6 +36,9 @@ int& prepared(int& argc) {
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
     QApplication::setDesktopSettingsAware(false);
     chooseFontFolders();
+    // Pictures of pages go back to the system when they are dropped. By itself the C library takes the size
+    // of the first one freed for small from then on and keeps the next.
+    mallopt(M_MMAP_THRESHOLD, 1024 * 1024);
     return argc;
 }
 
