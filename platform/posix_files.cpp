@@ -135,15 +135,19 @@ Descriptor openFound(const std::string& path, int flags) {
 }
 
 std::vector<std::wstring> sortedNames(std::vector<std::wstring> names) {
-    std::vector<std::pair<std::wstring, std::wstring>> keyed;
+    std::vector<std::pair<std::wstring, std::wstring*>> keyed;
     keyed.reserve(names.size());
     for (auto& name : names)
-        keyed.emplace_back(sortKey(name), std::move(name));
-    std::ranges::sort(keyed);
-    names.clear();
-    for (auto& [key, name] : keyed)
-        names.push_back(std::move(name));
-    return names;
+        keyed.emplace_back(sortKey(name), &name);
+    std::ranges::sort(keyed, [](const auto& a, const auto& b) {
+        const int order = a.first.compare(b.first);
+        return order != 0 ? order < 0 : *a.second < *b.second;
+    });
+    std::vector<std::wstring> sorted;
+    sorted.reserve(names.size());
+    for (const auto& [key, name] : keyed)
+        sorted.push_back(std::move(*name));
+    return sorted;
 }
 
 template <class Wanted>

@@ -68,9 +68,10 @@ std::string toUtf8(std::wstring_view text) {
 }
 
 std::wstring fromUtf8(std::string_view bytes) {
-    std::wstring text;
-    text.reserve(bytes.size());
-    for (std::size_t at = 0; at < bytes.size();) {
+    // Almost all names are ASCII to their end, and a school has thousands.
+    const auto plainEnd = std::ranges::find_if(bytes, [](char byte) { return (byte & 0x80) != 0; });
+    std::wstring text(bytes.begin(), plainEnd);
+    for (auto at = static_cast<std::size_t>(plainEnd - bytes.begin()); at < bytes.size();) {
         wchar_t c = 0;
         const int length = decode(bytes, at, c);
         text += length ? c : static_cast<wchar_t>(escapedByte + static_cast<unsigned char>(bytes[at]));
@@ -80,7 +81,9 @@ std::wstring fromUtf8(std::string_view bytes) {
 }
 
 wchar_t upper(wchar_t letter) {
-    if ((letter >= L'a' && letter <= L'z') || (letter >= 0xE0 && letter <= 0xFE && letter != 0xF7))
+    if (letter < 0x80)
+        return letter >= L'a' && letter <= L'z' ? static_cast<wchar_t>(letter - 0x20) : letter;
+    if (letter >= 0xE0 && letter <= 0xFE && letter != 0xF7)
         return static_cast<wchar_t>(letter - 0x20);
     switch (letter) {
     case L'š':
@@ -110,6 +113,9 @@ bool matches(std::wstring_view name, std::wstring_view pattern) {
     // As on the system the patterns come from, "*.*" means every file.
     if (pattern == L"*.*")
         return true;
+    const std::wstring_view ending = pattern.substr(std::min<std::size_t>(pattern.size(), 1));
+    if (pattern.starts_with(L'*') && ending.find_first_of(L"*?") == std::wstring_view::npos)
+        return name.size() >= ending.size() && sameName(name.substr(name.size() - ending.size()), ending);
     std::size_t n = 0;
     std::size_t p = 0;
     std::size_t star = std::wstring_view::npos;

@@ -145,9 +145,9 @@ void ListControl::setPath(std::wstring path) {
 
 void ListControl::refresh() {
     const std::wstring selectedBefore = selectedName();
-    items_ = listing(form().runtime().services().files);
-    const auto found = selectedBefore.empty() ? items_.end() : std::ranges::find(items_, selectedBefore);
-    selected_ = found == items_.end() ? -1 : static_cast<int>(found - items_.begin());
+    items_ = std::make_shared<Items>(listing(form().runtime().services().files));
+    const auto found = selectedBefore.empty() ? items_->end() : std::ranges::find(*items_, selectedBefore);
+    selected_ = found == items_->end() ? -1 : static_cast<int>(found - items_->begin());
     changed();
 }
 

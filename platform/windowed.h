@@ -4,6 +4,7 @@
 #include "platform/control.h"
 #include "platform/font.h"
 
+#include <memory>
 #include <optional>
 
 namespace klopfmeise {
@@ -186,9 +187,12 @@ struct ListLook {
 /// A list of names with one selected row or none. Rows count from 0, -1 is none.
 class ListControl : public Control {
 public:
-    const std::vector<std::wstring>& items() const { return items_; }
-    int itemCount() const { return static_cast<int>(items_.size()); }
-    const std::wstring& item(int row) const { return items_.at(static_cast<std::size_t>(row)); }
+    using Items = std::vector<std::wstring>;
+    const Items& items() const { return *items_; }
+    /// The same, to be kept beyond the next listing.
+    std::shared_ptr<const Items> sharedItems() const { return items_; }
+    int itemCount() const { return static_cast<int>(items_->size()); }
+    const std::wstring& item(int row) const { return items_->at(static_cast<std::size_t>(row)); }
     int selected() const { return selected_; }
     /// Selects a row and calls `click`, as a selection by the user does.
     void select(int row);
@@ -214,7 +218,7 @@ private:
 
     ListLook look_;
     std::wstring path_;
-    std::vector<std::wstring> items_;
+    std::shared_ptr<const Items> items_ = std::make_shared<Items>();
     int selected_ = -1;
 };
 

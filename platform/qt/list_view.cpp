@@ -16,28 +16,28 @@ class ListModel final : public QAbstractListModel {
 public:
     explicit ListModel(const ListControl& list)
         : list_(list)
-        , shown_(list.items()) {}
+        , shown_(list.sharedItems()) {}
 
     int rowCount(const QModelIndex& parent) const override {
-        return parent.isValid() ? 0 : static_cast<int>(shown_.size());
+        return parent.isValid() ? 0 : static_cast<int>(shown_->size());
     }
     QVariant data(const QModelIndex& index, int role) const override {
         if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::AccessibleTextRole))
             return {};
-        return toQt(shown_.at(static_cast<std::size_t>(index.row())));
+        return toQt(shown_->at(static_cast<std::size_t>(index.row())));
     }
     void reload() {
-        if (shown_ == list_.items())
+        if (*shown_ == list_.items())
             return;
         beginResetModel();
-        shown_ = list_.items();
+        shown_ = list_.sharedItems();
         endResetModel();
     }
 
 private:
     const ListControl& list_;
     /// What the view knows of; the control's items can change before the view is told.
-    std::vector<std::wstring> shown_;
+    std::shared_ptr<const ListControl::Items> shown_;
 };
 
 class ListWidget final : public QListView {
