@@ -135,17 +135,26 @@ Descriptor openFound(const std::string& path, int flags) {
 }
 
 std::vector<std::wstring> sortedNames(std::vector<std::wstring> names) {
-    std::vector<std::pair<std::wstring, std::wstring*>> keyed;
-    keyed.reserve(names.size());
-    for (auto& name : names)
-        keyed.emplace_back(sortKey(name), &name);
-    std::ranges::sort(keyed, [](const auto& a, const auto& b) {
-        const int order = a.first.compare(b.first);
-        return order != 0 ? order < 0 : *a.second < *b.second;
+    // All keys in one string: a piece of memory for each would cost more than the sorting.
+    std::wstring keys;
+    std::vector<std::size_t> ends;
+    ends.reserve(names.size());
+    for (const auto& name : names) {
+        appendSortKey(keys, name);
+        ends.push_back(keys.size());
+    }
+    std::vector<std::pair<std::wstring_view, std::wstring*>> order;
+    order.reserve(names.size());
+    std::size_t at = 0;
+    for (std::size_t i = 0; i < names.size(); at = ends[i++])
+        order.emplace_back(std::wstring_view(keys).substr(at, ends[i] - at), &names[i]);
+    std::ranges::sort(order, [](const auto& a, const auto& b) {
+        const int difference = a.first.compare(b.first);
+        return difference != 0 ? difference < 0 : *a.second < *b.second;
     });
     std::vector<std::wstring> sorted;
     sorted.reserve(names.size());
-    for (const auto& [key, name] : keyed)
+    for (const auto& [key, name] : order)
         sorted.push_back(std::move(*name));
     return sorted;
 }

@@ -138,33 +138,30 @@ bool matches(std::wstring_view name, std::wstring_view pattern) {
     return std::ranges::all_of(pattern.substr(p), [](wchar_t c) { return c == L'*'; });
 }
 
-std::wstring sortKey(std::wstring_view name) {
-    std::wstring key;
-    key.reserve(name.size());
+void appendSortKey(std::wstring& keys, std::wstring_view name) {
     for (const wchar_t c : name) {
         switch (const wchar_t big = upper(c)) {
         case L'Ä':
-            key += L'A';
+            keys += L'A';
             break;
         case L'Ö':
-            key += L'O';
+            keys += L'O';
             break;
         case L'Ü':
-            key += L'U';
+            keys += L'U';
             break;
         case L'ß':
-            key += L"SS";
+            keys += L"SS";
             break;
         case L'É':
         case L'È':
         case L'Ê':
-            key += L'E';
+            keys += L'E';
             break;
         default:
-            key += big;
+            keys += big;
         }
     }
-    return key;
 }
 
 double Int(double value) { return std::floor(value); }

@@ -19,8 +19,8 @@ bool sameName(std::wstring_view a, std::wstring_view b);
 /// True if `name` matches `pattern` with `*` and `?`, without regard to case.
 bool matches(std::wstring_view name, std::wstring_view pattern);
 
-/// A key that sorts names as a reader does: without regard to case, ä beside a, ß as ss.
-std::wstring sortKey(std::wstring_view name);
+/// Appends the key by which a reader sorts a name: without regard to case, ä beside a, ß as ss.
+void appendSortKey(std::wstring& keys, std::wstring_view name);
 
 /// The whole number at or below `value`, also below 0.
 double Int(double value);

@@ -37,8 +37,10 @@ int& prepared(int& argc) {
     QApplication::setDesktopSettingsAware(false);
     chooseFontFolders();
     // Pictures of pages go back to the system when they are dropped. By itself the C library takes the size
-    // of the first one freed for small from then on and keeps the next.
+    // of the first one freed for small from then on and keeps the next. Smaller memory is kept: it comes and
+    // goes with every list.
     mallopt(M_MMAP_THRESHOLD, 1024 * 1024);
+    mallopt(M_TRIM_THRESHOLD, 2 * 1024 * 1024);
     return argc;
 }
 
