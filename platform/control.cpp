@@ -90,18 +90,17 @@ void Control::setFocus() { form().setFocus(*this); }
 void Container::enter(Control& control) {
     control.slot_ = controls_.size();
     controls_.push_back(&control);
-    places_.push_back(control.place().grown(rim));
+    places_.add(control.place().grown(rim));
 }
 
 void Container::leave(Control& control) {
-    const auto gap = static_cast<std::ptrdiff_t>(control.slot_);
-    controls_.erase(controls_.begin() + gap);
-    places_.erase(places_.begin() + gap);
+    controls_.erase(controls_.begin() + static_cast<std::ptrdiff_t>(control.slot_));
+    places_.erase(control.slot_);
     for (std::size_t slot = control.slot_; slot < controls_.size(); ++slot)
         controls_[slot]->slot_ = slot;
 }
 
-void Container::moved(const Control& control) { places_[control.slot_] = control.place().grown(rim); }
+void Container::moved(const Control& control) { places_.set(control.slot_, control.place().grown(rim)); }
 
 Control* Container::drawnControlAt(int x, int y) const {
     for (std::size_t slot = controls_.size(); slot-- > 0;) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/geometry.h"
+#include "platform/place_list.h"
 
 #include <functional>
 #include <string>
@@ -126,9 +127,10 @@ public:
     /// Calls `visit(Control&)` for the visible controls that touch `area` (twips), lowest first.
     template <class Visit>
     void forEachIn(const Rect& area, Visit visit) const {
-        for (std::size_t slot = 0; slot < places_.size(); ++slot)
-            if (places_[slot].intersects(area) && controls_[slot]->visible())
+        places_.forEachIn(area, [&](std::size_t slot) {
+            if (controls_[slot]->visible())
                 visit(*controls_[slot]);
+        });
     }
 
     /// The uppermost visible drawn control at this point that takes the mouse; null if there is none.
@@ -142,7 +144,7 @@ private:
 
     std::vector<Control*> controls_;
     /// What each control covers on the screen, its border and a line's width included.
-    std::vector<Rect> places_;
+    PlaceList places_;
 };
 
 } // namespace klopfmeise
