@@ -113,9 +113,6 @@ bool matches(std::wstring_view name, std::wstring_view pattern) {
     // As on the system the patterns come from, "*.*" means every file.
     if (pattern == L"*.*")
         return true;
-    const std::wstring_view ending = pattern.substr(std::min<std::size_t>(pattern.size(), 1));
-    if (pattern.starts_with(L'*') && ending.find_first_of(L"*?") == std::wstring_view::npos)
-        return name.size() >= ending.size() && sameName(name.substr(name.size() - ending.size()), ending);
     std::size_t n = 0;
     std::size_t p = 0;
     std::size_t star = std::wstring_view::npos;

@@ -188,9 +188,8 @@ struct ListLook {
 class ListControl : public Control {
 public:
     using Items = std::vector<std::wstring>;
-    const Items& items() const { return *items_; }
-    /// The same, to be kept beyond the next listing.
-    std::shared_ptr<const Items> sharedItems() const { return items_; }
+    /// The names; they can be kept beyond the next listing.
+    std::shared_ptr<const Items> items() const { return items_; }
     int itemCount() const { return static_cast<int>(items_->size()); }
     const std::wstring& item(int row) const { return items_->at(static_cast<std::size_t>(row)); }
     int selected() const { return selected_; }

@@ -16,7 +16,7 @@ class ListModel final : public QAbstractListModel {
 public:
     explicit ListModel(const ListControl& list)
         : list_(list)
-        , shown_(list.sharedItems()) {}
+        , shown_(list.items()) {}
 
     int rowCount(const QModelIndex& parent) const override {
         return parent.isValid() ? 0 : static_cast<int>(shown_->size());
@@ -27,10 +27,10 @@ public:
         return toQt(shown_->at(static_cast<std::size_t>(index.row())));
     }
     void reload() {
-        if (*shown_ == list_.items())
+        if (*shown_ == *list_.items())
             return;
         beginResetModel();
-        shown_ = list_.sharedItems();
+        shown_ = list_.items();
         endResetModel();
     }
 
