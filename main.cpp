@@ -1,11 +1,11 @@
 #include "formen.h"
-#include "platform/posix_files.h"
+#include "platform/machine/posix_files.h"
+#include "platform/machine/reg_file.h"
+#include "platform/machine/system_services.h"
 #include "platform/qt/late_sound.h"
 #include "platform/qt/qt_backend.h"
 #include "platform/qt/qt_shell.h"
-#include "platform/reg_file.h"
-#include "platform/system_services.h"
-#include "store/umgebung.h"
+#include "screens/umgebung.h"
 
 using namespace klopfmeise;
 

@@ -4,12 +4,12 @@
 
 #include "bench/fliesstext.h"
 #include "formen.h"
-#include "platform/drawn.h"
+#include "platform/controls/drawn.h"
+#include "platform/controls/windowed.h"
 #include "platform/qt/container_widget.h"
 #include "platform/qt/qt_backend.h"
 #include "platform/qt/qt_form_view.h"
 #include "platform/qt/qt_shell.h"
-#include "platform/windowed.h"
 #include "tests/buehne.h"
 
 #include <QApplication>

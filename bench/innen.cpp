@@ -4,7 +4,7 @@
 #include "bench/fliesstext.h"
 #include "course/genauigkeit.h"
 #include "course/textfenster.h"
-#include "platform/posix_files.h"
+#include "platform/machine/posix_files.h"
 #include "tests/buehne.h"
 
 #include <benchmark/benchmark.h>

@@ -1,6 +1,6 @@
 #include "course/genauigkeit.h"
 
-#include "platform/text.h"
+#include "platform/values/text.h"
 #include "store/kurskonto.h"
 
 #include <cmath>

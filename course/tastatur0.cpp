@@ -1,10 +1,10 @@
 #include "course/tastatur0.h"
 
 #include "course/genauigkeit.h"
-#include "front/bildwechsel.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
+#include "screens/bildwechsel.h"
+#include "screens/lektionsarchiv.h"
 #include "store/kurskonto.h"
-#include "store/lektionsarchiv.h"
 #include "store/lektionsdatei.h"
 #include "store/pfade.h"
 

@@ -1,9 +1,9 @@
 #include "course/tastatur1.h"
 
 #include "course/stufenabschluss.h"
-#include "front/bildwechsel.h"
-#include "platform/text.h"
-#include "platform/windows1252.h"
+#include "platform/values/text.h"
+#include "platform/values/windows1252.h"
+#include "screens/bildwechsel.h"
 #include "store/lektionsdatei.h"
 #include "store/pfade.h"
 
@@ -110,7 +110,7 @@ void Tastatur1::Form_KeyDown(int tastencode) {
 void Tastatur1::Form_KeyPress(int zeichencode) {
     bild_.TastenLeuchten(zeichencode, true);
     const bool zeilenende = Pos == Zeilenlaenge + 1 && zeichencode == eingabe;
-    const wchar_t zeichen = ausWindows1252(static_cast<unsigned char>(zeichencode));
+    const wchar_t zeichen = fromWindows1252(static_cast<unsigned char>(zeichencode));
     const bool richtig = Pos < Zellen && lblPosV(Pos).caption() == std::wstring(1, zeichen);
     if (zeilenende || richtig)
         richtigeTaste(zeichencode, zeilenende);
@@ -127,7 +127,7 @@ void Tastatur1::richtigeTaste(int zeichencode, bool zeilenende) {
     if (zeilenende)
         umgebung_.klang(L"typewriterding.wav");
     lblPosO(Pos).setBack(colors::white);
-    lblPosO(Pos).setCaption(std::wstring(1, ausWindows1252(static_cast<unsigned char>(zeichencode))));
+    lblPosO(Pos).setCaption(std::wstring(1, fromWindows1252(static_cast<unsigned char>(zeichencode))));
     ++Pos;
     PositionsAnzeiger();
 }
@@ -140,7 +140,7 @@ void Tastatur1::falscheTaste(int zeichencode) {
     GenauigkeitFortschreiben();
     if (konto_.Fehlerstopp != 1)
         return;
-    lblPosO(Pos).setCaption(std::wstring(1, ausWindows1252(static_cast<unsigned char>(zeichencode))));
+    lblPosO(Pos).setCaption(std::wstring(1, fromWindows1252(static_cast<unsigned char>(zeichencode))));
     lblPosO(Pos).repaint();
     runtime().wait(stopppause);
     lblPosU(Pos).setBack(colors::white);

@@ -2,12 +2,12 @@
 
 #include "course/genauigkeit.h"
 #include "course/tastaturbild.h"
-#include "front/bildknopf.h"
-#include "front/fusszeile.h"
-#include "platform/control_array.h"
-#include "platform/form.h"
-#include "platform/timer.h"
-#include "platform/windowed.h"
+#include "platform/controls/control_array.h"
+#include "platform/controls/windowed.h"
+#include "platform/forms/form.h"
+#include "platform/forms/timer.h"
+#include "screens/bildknopf.h"
+#include "screens/fusszeile.h"
 #include "store/kurskonto.h"
 
 namespace klopfmeise {

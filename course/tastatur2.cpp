@@ -1,8 +1,8 @@
 #include "course/tastatur2.h"
 
 #include "course/stufenabschluss.h"
-#include "front/bildwechsel.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
+#include "screens/bildwechsel.h"
 #include "store/lektionsdatei.h"
 #include "store/pfade.h"
 

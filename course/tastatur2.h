@@ -2,10 +2,10 @@
 
 #include "course/genauigkeit.h"
 #include "course/textfenster.h"
-#include "front/bildknopf.h"
-#include "front/fusszeile.h"
-#include "platform/form.h"
-#include "platform/timer.h"
+#include "platform/forms/form.h"
+#include "platform/forms/timer.h"
+#include "screens/bildknopf.h"
+#include "screens/fusszeile.h"
 #include "store/kurskonto.h"
 
 namespace klopfmeise {

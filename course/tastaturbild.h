@@ -1,9 +1,9 @@
 #pragma once
 
 #include "course/tastenplan.h"
-#include "platform/control_array.h"
-#include "platform/drawn.h"
-#include "store/umgebung.h"
+#include "platform/controls/control_array.h"
+#include "platform/controls/drawn.h"
+#include "screens/umgebung.h"
 
 #include <span>
 #include <string>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/geometry.h"
+#include "platform/values/geometry.h"
 
 #include <span>
 #include <string_view>

@@ -1,6 +1,6 @@
 #include "course/textfenster.h"
 
-#include "platform/windows1252.h"
+#include "platform/values/windows1252.h"
 
 namespace klopfmeise {
 
@@ -92,7 +92,7 @@ void Textfenster::FingerLeuchten() {
 }
 
 bool Textfenster::zeichenStimmt(int zeichencode) const {
-    return zelle().caption() == std::wstring(1, ausWindows1252(static_cast<unsigned char>(zeichencode)));
+    return zelle().caption() == std::wstring(1, fromWindows1252(static_cast<unsigned char>(zeichencode)));
 }
 
 void Textfenster::rücktaste() {

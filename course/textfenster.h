@@ -1,10 +1,10 @@
 #pragma once
 
 #include "course/tastaturbild.h"
-#include "platform/control_array.h"
-#include "platform/drawn.h"
-#include "platform/rich_text_box.h"
-#include "platform/windowed.h"
+#include "platform/controls/control_array.h"
+#include "platform/controls/drawn.h"
+#include "platform/controls/rich_text_box.h"
+#include "platform/controls/windowed.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 #include "course/textuebung0.h"
 
-#include "front/bildwechsel.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
+#include "screens/bildwechsel.h"
 #include "store/einstellungsdatei.h"
 #include "store/kontodatei.h"
 #include "store/pfade.h"

@@ -1,7 +1,7 @@
 #include "front/hilfe.h"
 
-#include "front/bildwechsel.h"
-#include "front/uebungen.h"
+#include "screens/bildwechsel.h"
+#include "screens/uebungen.h"
 
 namespace klopfmeise {
 

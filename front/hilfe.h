@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/drawn.h"
-#include "platform/form.h"
-#include "platform/rich_text_box.h"
-#include "store/umgebung.h"
+#include "platform/controls/drawn.h"
+#include "platform/controls/rich_text_box.h"
+#include "platform/forms/form.h"
+#include "screens/umgebung.h"
 
 namespace klopfmeise {
 

@@ -1,8 +1,8 @@
 #include "front/konto.h"
 
-#include "front/bildwechsel.h"
-#include "front/uebungen.h"
-#include "platform/text.h"
+#include "platform/values/text.h"
+#include "screens/bildwechsel.h"
+#include "screens/uebungen.h"
 #include "store/kurskonto.h"
 #include "store/pfade.h"
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "platform/control_array.h"
-#include "platform/drawn.h"
-#include "platform/form.h"
+#include "platform/controls/control_array.h"
+#include "platform/controls/drawn.h"
+#include "platform/forms/form.h"
+#include "screens/umgebung.h"
 #include "store/kontodatei.h"
-#include "store/umgebung.h"
 
 namespace klopfmeise {
 

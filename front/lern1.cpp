@@ -1,7 +1,7 @@
 #include "front/lern1.h"
 
-#include "front/bildwechsel.h"
-#include "front/uebungen.h"
+#include "screens/bildwechsel.h"
+#include "screens/uebungen.h"
 #include "store/mdl_registry.h"
 #include "store/pfade.h"
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "front/bildknopf.h"
-#include "front/fusszeile.h"
-#include "platform/control_array.h"
-#include "platform/form.h"
-#include "platform/windowed.h"
-#include "store/umgebung.h"
+#include "platform/controls/control_array.h"
+#include "platform/controls/windowed.h"
+#include "platform/forms/form.h"
+#include "screens/bildknopf.h"
+#include "screens/fusszeile.h"
+#include "screens/umgebung.h"
 
 namespace klopfmeise {
 

@@ -1,6 +1,6 @@
 #include "store/kontodatei.h"
 
-#include "platform/windows1252.h"
+#include "platform/values/windows1252.h"
 
 #include <algorithm>
 
@@ -48,11 +48,11 @@ std::wstring Kontodatei::lesenText(int satz) {
     const auto laenge = static_cast<std::size_t>(static_cast<unsigned char>(bytes[0])) |
                         static_cast<std::size_t>(static_cast<unsigned char>(bytes[1])) << 8;
     return laenge + 2 > bytes.size() ? std::wstring()
-                                     : ausWindows1252(std::string_view(bytes).substr(2, laenge));
+                                     : fromWindows1252(std::string_view(bytes).substr(2, laenge));
 }
 
 bool Kontodatei::schreibenText(int satz, std::wstring_view text) {
-    const std::string inhalt = nachWindows1252(text).substr(0, Satzlaenge - 2);
+    const std::string inhalt = toWindows1252(text).substr(0, Satzlaenge - 2);
     std::string bytes;
     bytes += static_cast<char>(inhalt.size() & 0xFF);
     bytes += static_cast<char>(inhalt.size() >> 8);

@@ -1,7 +1,7 @@
 #include "store/lektionsdatei.h"
 
-#include "platform/text.h"
-#include "platform/windows1252.h"
+#include "platform/values/text.h"
+#include "platform/values/windows1252.h"
 
 #include <cmath>
 
@@ -25,7 +25,7 @@ std::optional<std::string_view> zeile(std::string_view& rest) {
 }
 
 std::wstring textOderLeer(std::optional<std::string_view> text) {
-    return text ? ausWindows1252(*text) : std::wstring();
+    return text ? fromWindows1252(*text) : std::wstring();
 }
 
 std::optional<int> stufenzahl(const std::wstring& text) {
@@ -51,7 +51,7 @@ Lektion lektionAus(std::string_view bytes, int Stufennummer) {
     const auto text = zeile(bytes);
     const auto hinweis = zeile(bytes);
     if (gefunden && titel && text && hinweis && !text->empty())
-        lektion.stufe = {ausWindows1252(*titel), ausWindows1252(*text), ausWindows1252(*hinweis)};
+        lektion.stufe = {fromWindows1252(*titel), fromWindows1252(*text), fromWindows1252(*hinweis)};
     return lektion;
 }
 

@@ -1,6 +1,6 @@
 #include "store/mdl_dir.h"
 
-#include "platform/text.h"
+#include "platform/values/text.h"
 #include "store/mdl_registry.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "store/mdl_registry.h"
 
-#include "platform/windows1252.h"
+#include "platform/values/windows1252.h"
 
 #include <algorithm>
 
@@ -32,7 +32,7 @@ std::string mitNullen(const std::string& text) {
 } // namespace
 
 RegistryStatus RegistrySchluesselDa(Registry& registry, std::uint32_t bereich, std::wstring_view schluessel) {
-    const auto offen = registry.open(bereich, nachWindows1252(schluessel), lesezugriff);
+    const auto offen = registry.open(bereich, toWindows1252(schluessel), lesezugriff);
     if (offen.status == RegistryStatus::success)
         registry.close(offen.handle);
     return offen.status;
@@ -40,7 +40,7 @@ RegistryStatus RegistrySchluesselDa(Registry& registry, std::uint32_t bereich, s
 
 std::uint32_t RegistrySchluesselAnlegen(Registry& registry, std::uint32_t bereich,
                                         std::wstring_view schluessel) {
-    const auto neu = registry.create(bereich, nachWindows1252(schluessel), schreibzugriff);
+    const auto neu = registry.create(bereich, toWindows1252(schluessel), schreibzugriff);
     if (neu.status == RegistryStatus::success && registry.flush(neu.handle) == RegistryStatus::success)
         registry.close(neu.handle);
     return neu.disposition;
@@ -54,7 +54,7 @@ RegistryStatus RegistrySchreiben(Registry& registry, std::uint32_t bereich, std:
     }
     Registry::Value inhalt;
     if (const auto* text = std::get_if<std::wstring>(&wert)) {
-        inhalt = {Registry::Type::string, nachWindows1252(*text)};
+        inhalt = {Registry::Type::string, toWindows1252(*text)};
         if (mehrzeilig && text->find_first_of(L"\r\n") != std::wstring::npos)
             inhalt = {Registry::Type::multiString, mitNullen(inhalt.bytes)};
     } else if (const auto* kurz = std::get_if<std::int16_t>(&wert)) {
@@ -62,27 +62,27 @@ RegistryStatus RegistrySchreiben(Registry& registry, std::uint32_t bereich, std:
     } else if (const auto* lang = std::get_if<std::int32_t>(&wert)) {
         inhalt = {Registry::Type::dword, dwordBytes(*lang)};
     }
-    const auto offen = registry.open(bereich, nachWindows1252(schluessel), schreibzugriff);
+    const auto offen = registry.open(bereich, toWindows1252(schluessel), schreibzugriff);
     if (offen.status != RegistryStatus::success)
         return offen.status;
     if (inhalt.type != Registry::Type::none)
-        registry.set(offen.handle, nachWindows1252(name), inhalt);
+        registry.set(offen.handle, toWindows1252(name), inhalt);
     return registry.close(offen.handle);
 }
 
 RegistryStatus RegistryLesen(Registry& registry, std::uint32_t bereich, std::wstring_view schluessel,
                              std::wstring_view name, Wert& ziel) {
-    const auto offen = registry.open(bereich, nachWindows1252(schluessel), lesezugriff);
+    const auto offen = registry.open(bereich, toWindows1252(schluessel), lesezugriff);
     if (offen.status != RegistryStatus::success)
         return offen.status;
     Registry::Value inhalt;
-    const auto status = registry.query(offen.handle, nachWindows1252(name), inhalt);
+    const auto status = registry.query(offen.handle, toWindows1252(name), inhalt);
     if (status == RegistryStatus::success) {
         if (inhalt.type == Registry::Type::string) {
-            ziel = ausWindows1252(inhalt.bytes);
+            ziel = fromWindows1252(inhalt.bytes);
         } else if (inhalt.type == Registry::Type::multiString) {
             std::ranges::replace(inhalt.bytes, '\0', '\n');
-            ziel = ausWindows1252(inhalt.bytes);
+            ziel = fromWindows1252(inhalt.bytes);
         } else if (inhalt.type == Registry::Type::dword && inhalt.bytes.size() == 4) {
             std::uint32_t zahl = 0;
             for (std::size_t i = 0; i < 4; ++i)

@@ -1,7 +1,7 @@
 #include "store/wert.h"
 
-#include "platform/text.h"
-#include "platform/windows1252.h"
+#include "platform/values/text.h"
+#include "platform/values/windows1252.h"
 
 #include <bit>
 #include <limits>
@@ -54,7 +54,7 @@ Wert wertAus(std::string_view bytes) {
     case zeichenkette:
         if (hat(2))
             if (const auto laenge = static_cast<std::size_t>(ganzAus(daten.substr(0, 2))); hat(2 + laenge))
-                return ausWindows1252(daten.substr(2, laenge));
+                return fromWindows1252(daten.substr(2, laenge));
         break;
     default:
         break;
@@ -79,7 +79,7 @@ std::string bytesAus(const Wert& wert, std::size_t platz) {
         anfuegen(bytes, std::bit_cast<std::uint64_t>(*d), 8);
     } else if (const auto* s = std::get_if<std::wstring>(&wert)) {
         marke(zeichenkette);
-        const std::string text = nachWindows1252(*s).substr(0, platz - 2 * markenbreite);
+        const std::string text = toWindows1252(*s).substr(0, platz - 2 * markenbreite);
         anfuegen(bytes, text.size(), 2);
         bytes += text;
     } else {

@@ -1,6 +1,6 @@
 #include "teacher/frm_abbildung.h"
 
-#include "store/lektionsarchiv.h"
+#include "screens/lektionsarchiv.h"
 #include "store/pfade.h"
 
 namespace klopfmeise {

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/drawn.h"
-#include "platform/form.h"
-#include "platform/windowed.h"
-#include "store/umgebung.h"
+#include "platform/controls/drawn.h"
+#include "platform/controls/windowed.h"
+#include "platform/forms/form.h"
+#include "screens/umgebung.h"
 
 namespace klopfmeise {
 

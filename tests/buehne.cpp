@@ -1,10 +1,10 @@
 #include "tests/buehne.h"
 
 #include "formen.h"
-#include "platform/drawn.h"
-#include "platform/text.h"
-#include "platform/windowed.h"
-#include "platform/windows1252.h"
+#include "platform/controls/drawn.h"
+#include "platform/controls/windowed.h"
+#include "platform/values/text.h"
+#include "platform/values/windows1252.h"
 
 #include <fstream>
 #include <iterator>
@@ -62,7 +62,7 @@ Bühne::Bühne(Files* dateien)
     }
     Kontodatei(echteDateien, logikpfad(konto())).WerteSchreiben();
     lektion(1, "Einzeiler", {"fj f", "ff jj"});
-    registry.values["Datenablage"] = {Registry::Type::string, nachWindows1252(logikpfad(d)) + "\\"};
+    registry.values["Datenablage"] = {Registry::Type::string, toWindows1252(logikpfad(d)) + "\\"};
     registry.values["Pin"] = {Registry::Type::string, "7294"};
     formenEintragen(umgebung);
 }

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/headless/headless_backend.h"
-#include "platform/posix_files.h"
+#include "platform/machine/posix_files.h"
+#include "screens/umgebung.h"
 #include "store/kontodatei.h"
-#include "store/umgebung.h"
 
 #include <filesystem>
 #include <memory>

@@ -1,9 +1,9 @@
 // Makes the data folder as it is installed: datenordner KURS TEXTE ZIEL [--probeklasse NAME KIND...]
 
-#include "platform/posix_files.h"
-#include "platform/rtf.h"
-#include "platform/text.h"
-#include "platform/windows1252.h"
+#include "platform/machine/posix_files.h"
+#include "platform/richtext/rtf.h"
+#include "platform/values/text.h"
+#include "platform/values/windows1252.h"
 #include "store/kontodatei.h"
 #include "tools/kursdatei.h"
 
@@ -35,7 +35,7 @@ std::string quelltext(const fs::path& quelle) {
         throw std::runtime_error(quelle.string() + ": nicht lesbar");
     int zeile = 1;
     for (const wchar_t c : fromUtf8(inhalt)) {
-        if (nachWindows1252(c) < 0)
+        if (toWindows1252(c) < 0)
             throw std::runtime_error(quelle.string() + ":" + std::to_string(zeile) + ": das Zeichen '" +
                                      toUtf8(std::wstring(1, c)) +
                                      "' gibt es nicht in der Zeichentabelle der Dateien");
@@ -64,7 +64,7 @@ std::string lektionsdatei(const fs::path& quelle) {
     for (const auto& stufe : lektion.stufen)
         text += L"Unterstufe" + std::to_wstring(++nummer) + L"\r\n" + stufe.titel + L"\r\n" + stufe.text +
                 L"\r\n" + stufe.hinweis + L"\r\n";
-    return nachWindows1252(text);
+    return toWindows1252(text);
 }
 
 /// A text for "Text tippen": rich text under a `.txt` ending, in the one look that the teacher's editor gives
@@ -73,13 +73,13 @@ std::string textdatei(const fs::path& quelle) {
     std::wstring text = fromUtf8(quelltext(quelle));
     while (text.ends_with(L'\n'))
         text.pop_back();
-    RtfDokument dokument = dokumentAusKlartext(text);
-    for (RtfAbsatz& absatz : dokument.absaetze)
-        for (RtfLauf& lauf : absatz.laeufe) {
-            lauf.format.schriftart = L"Courier New";
-            lauf.format.groesseHalbpunkte = 20;
+    RtfDocument dokument = documentFromPlainText(text);
+    for (RtfParagraph& absatz : dokument.paragraphs)
+        for (RtfRun& lauf : absatz.runs) {
+            lauf.format.typeface = L"Courier New";
+            lauf.format.halfPoints = 20;
         }
-    return rtfSchreiben(dokument);
+    return writeRtf(dokument);
 }
 
 void vorlage(const fs::path& pfad) {

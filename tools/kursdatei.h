@@ -13,7 +13,7 @@ struct Kursstufe {
     std::wstring text; ///< one line; the lines of a flowing text are joined by a blank
 };
 
-/// A lesson as its authors write it in kurs/.
+/// A lesson as its authors write it in lektionen/.
 struct Kurslektion {
     std::wstring titel;
     std::wstring art;                 ///< "Einzeiler" or "Fließtext"

@@ -1,7 +1,7 @@
 #include "platform/headless/headless_backend.h"
 
-#include "platform/windowed.h"
-#include "platform/windows1252.h"
+#include "platform/controls/windowed.h"
+#include "platform/values/windows1252.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -69,7 +69,7 @@ void edit(TextBox& box, int code) {
         text.erase(at - 1, 1);
         box.edited(text, box.caret() - 1);
     } else if (code >= 32 && (box.maxLength() == 0 || static_cast<int>(text.size()) < box.maxLength())) {
-        text.insert(at, 1, ausWindows1252(static_cast<unsigned char>(code)));
+        text.insert(at, 1, fromWindows1252(static_cast<unsigned char>(code)));
         box.edited(text, box.caret() + 1);
     }
 }
@@ -104,7 +104,7 @@ void HeadlessUser::press(wchar_t character, bool release) {
         throw std::logic_error("no form takes the key");
     Control* focus = form->focus();
     KeyHandlers* keys = keyHandlersOf(focus);
-    const int code = nachWindows1252(character);
+    const int code = toWindows1252(character);
     const int keyCode = keyCodeOf(character);
     runtime_.dispatch(
         *form, [&] { keys ? (keys->down ? keys->down(keyCode) : void()) : form->Form_KeyDown(keyCode); });

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/form_runtime.h"
+#include "platform/forms/form_runtime.h"
 #include "platform/headless/headless_services.h"
 
 #include <deque>

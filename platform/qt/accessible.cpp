@@ -1,6 +1,6 @@
 #include "platform/qt/accessible.h"
 
-#include "platform/drawn.h"
+#include "platform/controls/drawn.h"
 #include "platform/qt/form_widget.h"
 #include "platform/qt/qt_text.h"
 

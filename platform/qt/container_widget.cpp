@@ -1,6 +1,6 @@
 #include "platform/qt/container_widget.h"
 
-#include "platform/form_runtime.h"
+#include "platform/forms/form_runtime.h"
 #include "platform/qt/desk.h"
 #include "platform/qt/qt_form_view.h"
 #include "platform/qt/qt_text.h"

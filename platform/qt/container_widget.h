@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/control.h"
+#include "platform/controls/control.h"
 #include "platform/qt/dirty_areas.h"
 #include "platform/qt/drawn_painter.h"
 #include "platform/qt/scale.h"

@@ -1,9 +1,9 @@
 #include "platform/qt/control_view.h"
 
+#include "platform/controls/rich_text_box.h"
 #include "platform/qt/container_widget.h"
 #include "platform/qt/qt_form_view.h"
 #include "platform/qt/qt_text.h"
-#include "platform/rich_text_box.h"
 
 namespace klopfmeise {
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "platform/controls/windowed.h"
 #include "platform/qt/scale.h"
-#include "platform/windowed.h"
 
 #include <QPointer>
 #include <QWidget>

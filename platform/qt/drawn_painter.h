@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/drawn.h"
+#include "platform/controls/drawn.h"
 #include "platform/qt/picture_cache.h"
 #include "platform/qt/scale.h"
 #include "platform/qt/text_painter.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/form.h"
+#include "platform/forms/form.h"
 #include "platform/qt/container_widget.h"
 
 namespace klopfmeise {

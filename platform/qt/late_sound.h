@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/services.h"
+#include "platform/machine/services.h"
 
 #include <memory>
 

@@ -1,7 +1,7 @@
 #include "platform/qt/picture_cache.h"
 
+#include "platform/machine/services.h"
 #include "platform/qt/qt_text.h"
-#include "platform/services.h"
 
 #include <QPainter>
 #include <QSvgRenderer>

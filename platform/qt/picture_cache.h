@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/drawn.h"
+#include "platform/controls/drawn.h"
 
 #include <QImage>
 #include <QSize>

@@ -1,13 +1,13 @@
 #include "platform/qt/qt_backend.h"
 
-#include "platform/form_runtime.h"
+#include "platform/forms/form_runtime.h"
 #include "platform/qt/accessible.h"
 #include "platform/qt/font_folders.h"
 #include "platform/qt/message_dialog.h"
 #include "platform/qt/qt_form_view.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/zoom_style.h"
-#include "platform/windows1252.h"
+#include "platform/values/windows1252.h"
 
 #include <QKeyEvent>
 #include <QToolTip>
@@ -269,7 +269,7 @@ QString QtBackend::offerToControl(QtFormView& view, const KeyHandlers& handlers,
             runtime.dispatch(view.form(), [&] { handlers.down(code); });
     QString left;
     for (const QChar sign : text) {
-        KeyPress press{nachWindows1252(static_cast<wchar_t>(sign.unicode()))};
+        KeyPress press{toWindows1252(static_cast<wchar_t>(sign.unicode()))};
         if (life.expired())
             return {};
         if (handlers.press && press.code >= 0 && press.code != 127)
@@ -294,7 +294,7 @@ void QtBackend::tellForm(QtFormView& view, const QKeyEvent& key, const QString& 
         return;
     for (const QChar sign : text) {
         // The delete key types nothing.
-        const int code = nachWindows1252(static_cast<wchar_t>(sign.unicode()));
+        const int code = toWindows1252(static_cast<wchar_t>(sign.unicode()));
         if (code >= 0 && code != 127)
             tell([&] { form.Form_KeyPress(code); });
     }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/form_view.h"
+#include "platform/forms/form_view.h"
 #include "platform/qt/desk.h"
 #include "platform/qt/stage.h"
 #include "platform/qt/virtual_keys.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/form.h"
+#include "platform/forms/form.h"
 #include "platform/qt/control_view.h"
 #include "platform/qt/form_widget.h"
 #include "platform/qt/picture_cache.h"

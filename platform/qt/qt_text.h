@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/color.h"
+#include "platform/values/color.h"
 
 #include <QColor>
 #include <QString>

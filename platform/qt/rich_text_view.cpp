@@ -1,8 +1,8 @@
+#include "platform/controls/rich_text_box.h"
 #include "platform/qt/control_view.h"
 #include "platform/qt/qt_form_view.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/text_painter.h"
-#include "platform/rich_text_box.h"
 
 #include <QKeyEvent>
 #include <QSignalBlocker>
@@ -19,51 +19,51 @@ namespace {
 /// before the zoom, and the name of the typeface, empty for that of the box.
 enum FormatProperty { halfPoints = QTextFormat::UserProperty, typeface };
 
-Qt::Alignment alignment(Ausrichtung ausrichtung) {
-    switch (ausrichtung) {
-    case Ausrichtung::rechts:
+Qt::Alignment alignment(RtfAlignment alignment) {
+    switch (alignment) {
+    case RtfAlignment::right:
         return Qt::AlignRight;
-    case Ausrichtung::zentriert:
+    case RtfAlignment::center:
         return Qt::AlignHCenter;
-    case Ausrichtung::blocksatz:
+    case RtfAlignment::justified:
         return Qt::AlignJustify;
-    case Ausrichtung::links:
+    case RtfAlignment::left:
         break;
     }
     return Qt::AlignLeft;
 }
 
-Ausrichtung ausrichtung(Qt::Alignment alignment) {
+RtfAlignment alignment(Qt::Alignment alignment) {
     if (alignment & Qt::AlignRight)
-        return Ausrichtung::rechts;
+        return RtfAlignment::right;
     if (alignment & Qt::AlignHCenter)
-        return Ausrichtung::zentriert;
-    return alignment & Qt::AlignJustify ? Ausrichtung::blocksatz : Ausrichtung::links;
+        return RtfAlignment::center;
+    return alignment & Qt::AlignJustify ? RtfAlignment::justified : RtfAlignment::left;
 }
 
-QTextCharFormat shownFormat(const RtfZeichenformat& format, const Font& boxFont, const Scale& scale) {
-    Font font{.name = boxFont.name, .points = format.groesseHalbpunkte / 2.0, .bold = format.fett};
+QTextCharFormat shownFormat(const RtfFormat& format, const Font& boxFont, const Scale& scale) {
+    Font font{.name = boxFont.name, .points = format.halfPoints / 2.0, .bold = format.bold};
     QTextCharFormat shown;
     shown.setFont(widgetFont(font, scale));
-    if (!format.schriftart.empty() && format.schriftart != courier)
-        shown.setFontFamilies({toQt(format.schriftart)});
-    shown.setFontItalic(format.kursiv);
-    shown.setFontUnderline(format.unterstrichen);
-    shown.setForeground(QColor(static_cast<QRgb>(format.farbe)));
-    shown.setProperty(halfPoints, format.groesseHalbpunkte);
-    shown.setProperty(typeface, toQt(format.schriftart));
+    if (!format.typeface.empty() && format.typeface != courier)
+        shown.setFontFamilies({toQt(format.typeface)});
+    shown.setFontItalic(format.italic);
+    shown.setFontUnderline(format.underlined);
+    shown.setForeground(QColor(static_cast<QRgb>(format.color)));
+    shown.setProperty(halfPoints, format.halfPoints);
+    shown.setProperty(typeface, toQt(format.typeface));
     return shown;
 }
 
-RtfZeichenformat modelFormat(const QTextCharFormat& shown, const Font& boxFont) {
-    RtfZeichenformat format;
+RtfFormat modelFormat(const QTextCharFormat& shown, const Font& boxFont) {
+    RtfFormat format;
     const int size = shown.intProperty(halfPoints);
-    format.groesseHalbpunkte = size > 0 ? size : static_cast<int>(boxFont.points * 2);
-    format.schriftart = size > 0 ? fromQt(shown.stringProperty(typeface)) : std::wstring(boxFont.name);
-    format.fett = shown.fontWeight() >= QFont::Bold;
-    format.kursiv = shown.fontItalic();
-    format.unterstrichen = shown.fontUnderline();
-    format.farbe =
+    format.halfPoints = size > 0 ? size : static_cast<int>(boxFont.points * 2);
+    format.typeface = size > 0 ? fromQt(shown.stringProperty(typeface)) : std::wstring(boxFont.name);
+    format.bold = shown.fontWeight() >= QFont::Bold;
+    format.italic = shown.fontItalic();
+    format.underlined = shown.fontUnderline();
+    format.color =
         shown.foreground().style() == Qt::NoBrush ? 0 : shown.foreground().color().rgb() & 0xFFFFFF;
     return format;
 }
@@ -92,8 +92,8 @@ public:
         edit_.setFrameShape(QFrame::NoFrame);
         const auto told = [this] {
             this->view().react([this] {
-                RtfDokument document = documentOf();
-                const std::wstring text = document.klartext();
+                RtfDocument document = documentOf();
+                const std::wstring text = document.plainText();
                 const QTextCursor cursor = edit_.textCursor();
                 const int start = modelPosition(text, cursor.selectionStart());
                 const int end = modelPosition(text, cursor.selectionEnd());
@@ -129,15 +129,15 @@ private:
         QTextCursor cursor(edit_.document());
         cursor.beginEditBlock();
         bool first = true;
-        for (const RtfAbsatz& paragraph : box_.document().absaetze) {
+        for (const RtfParagraph& paragraph : box_.document().paragraphs) {
             QTextBlockFormat block;
-            block.setAlignment(alignment(paragraph.ausrichtung));
+            block.setAlignment(alignment(paragraph.alignment));
             if (first)
                 cursor.setBlockFormat(block);
             else
                 cursor.insertBlock(block);
             first = false;
-            for (const RtfLauf& run : paragraph.laeufe)
+            for (const RtfRun& run : paragraph.runs)
                 cursor.insertText(toQt(run.text).replace(u'\n', QChar::LineSeparator),
                                   shownFormat(run.format, box_.font(), scale));
         }
@@ -147,27 +147,27 @@ private:
         built_ = true;
     }
 
-    RtfDokument documentOf() const {
-        RtfDokument document;
+    RtfDocument documentOf() const {
+        RtfDocument document;
         for (QTextBlock block = edit_.document()->begin(); block.isValid(); block = block.next()) {
-            RtfAbsatz paragraph{.laeufe = {}, .ausrichtung = ausrichtung(block.blockFormat().alignment())};
+            RtfParagraph paragraph{.runs = {}, .alignment = alignment(block.blockFormat().alignment())};
             for (auto it = block.begin(); !it.atEnd(); ++it) {
                 QString text = it.fragment().text();
-                RtfLauf run{fromQt(text.replace(QChar::LineSeparator, u'\n')),
-                            modelFormat(it.fragment().charFormat(), box_.font())};
-                if (!paragraph.laeufe.empty() && paragraph.laeufe.back().format == run.format)
-                    paragraph.laeufe.back().text += run.text;
+                RtfRun run{fromQt(text.replace(QChar::LineSeparator, u'\n')),
+                           modelFormat(it.fragment().charFormat(), box_.font())};
+                if (!paragraph.runs.empty() && paragraph.runs.back().format == run.format)
+                    paragraph.runs.back().text += run.text;
                 else
-                    paragraph.laeufe.push_back(std::move(run));
+                    paragraph.runs.push_back(std::move(run));
             }
-            document.absaetze.push_back(std::move(paragraph));
+            document.paragraphs.push_back(std::move(paragraph));
         }
         return document;
     }
 
     RichTextBox& box_;
     QTextEdit& edit_;
-    RtfDokument shown_;
+    RtfDocument shown_;
     Scale scale_;
     bool built_ = false;
 };

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/color.h"
-#include "platform/geometry.h"
 #include "platform/qt/scale.h"
+#include "platform/values/color.h"
+#include "platform/values/geometry.h"
 
 #include <QPointer>
 #include <QRect>

@@ -1,6 +1,6 @@
-#include "platform/drawn.h"
-#include "platform/rich_text_box.h"
-#include "platform/windowed.h"
+#include "platform/controls/drawn.h"
+#include "platform/controls/rich_text_box.h"
+#include "platform/controls/windowed.h"
 #include "tests/buehne.h"
 
 #include <gtest/gtest.h>
@@ -319,17 +319,17 @@ TEST(RichText, SelectionTakesAFormatAndTheFileComesBack) {
     auto& box = b.control<RichTextBox>(L"Text1");
     EXPECT_EQ(box.text(), L"Großartig\r\nx");
     box.select(0, static_cast<int>(box.text().size()));
-    box.formatSelection({.schriftart = L"Courier New", .groesseHalbpunkte = 20}, Ausrichtung::links);
-    ASSERT_EQ(box.document().absaetze.size(), 2U);
-    EXPECT_EQ(box.document().absaetze[0].laeufe.size(), 1U);
-    EXPECT_EQ(box.document().absaetze[1].ausrichtung, Ausrichtung::links);
+    box.formatSelection({.typeface = L"Courier New", .halfPoints = 20}, RtfAlignment::left);
+    ASSERT_EQ(box.document().paragraphs.size(), 2U);
+    EXPECT_EQ(box.document().paragraphs[0].runs.size(), 1U);
+    EXPECT_EQ(box.document().paragraphs[1].alignment, RtfAlignment::left);
     box.select(3, 2);
-    box.formatSelection({.schriftart = L"Courier New", .fett = true}, Ausrichtung::links);
-    EXPECT_EQ(box.document().absaetze[0].laeufe.size(), 3U);
-    EXPECT_EQ(box.document().absaetze[0].laeufe[1].text, L"ßa");
+    box.formatSelection({.typeface = L"Courier New", .bold = true}, RtfAlignment::left);
+    EXPECT_EQ(box.document().paragraphs[0].runs.size(), 3U);
+    EXPECT_EQ(box.document().paragraphs[0].runs[1].text, L"ßa");
     const std::wstring pfad = logikpfad(b.daten() / "neu.txt");
     EXPECT_TRUE(box.saveFile(pfad));
-    const RtfDokument vorher = box.document();
+    const RtfDocument vorher = box.document();
     box.setText(L"anderes");
     EXPECT_TRUE(box.loadFile(pfad));
     EXPECT_EQ(box.document(), vorher);

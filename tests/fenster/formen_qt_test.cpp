@@ -1,10 +1,10 @@
 #include "formen.h"
-#include "platform/drawn.h"
-#include "platform/form_runtime.h"
+#include "platform/controls/drawn.h"
+#include "platform/controls/windowed.h"
+#include "platform/forms/form_runtime.h"
 #include "platform/qt/qt_backend.h"
 #include "platform/qt/qt_form_view.h"
 #include "platform/qt/qt_text.h"
-#include "platform/windowed.h"
 #include "tests/buehne.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-#include "platform/drawn.h"
-#include "platform/windowed.h"
+#include "platform/controls/drawn.h"
+#include "platform/controls/windowed.h"
 #include "tests/buehne.h"
 
 #include <gtest/gtest.h>

@@ -1,12 +1,12 @@
-#include "platform/drawn.h"
-#include "platform/windowed.h"
+#include "platform/controls/drawn.h"
+#include "platform/controls/windowed.h"
 #include "tests/buehne.h"
 
 #include <gtest/gtest.h>
 #include <regex>
 #include <set>
 
-#include "platform/text.h"
+#include "platform/values/text.h"
 
 namespace klopfmeise {
 namespace {

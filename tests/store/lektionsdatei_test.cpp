@@ -1,4 +1,4 @@
-#include "platform/reg_file.h"
+#include "platform/machine/reg_file.h"
 #include "store/lektionsdatei.h"
 #include "store/mdl_dir.h"
 #include "store/mdl_registry.h"

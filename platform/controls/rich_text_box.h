@@ -1,0 +1,63 @@
+#pragma once
+
+#include "platform/controls/control.h"
+#include "platform/richtext/rtf.h"
+#include "platform/values/font.h"
+
+namespace klopfmeise {
+
+struct RichTextLook {
+    Font font = {};
+    bool readOnly = false;
+    bool visible = true;
+    std::wstring spoken = {};
+    Handler change = {};
+};
+
+/// A box that loads, shows, edits and saves rich text. Positions count the characters of `text`, in which
+/// each line ends with CR LF.
+class RichTextBox final : public Control {
+public:
+    using Look = RichTextLook;
+    RichTextBox(Container& parent, std::wstring_view name, const Rect& place, Look look = {},
+                int index = noIndex);
+
+    const RtfDocument& document() const { return document_; }
+    /// The characters alone.
+    const std::wstring& text() const { return text_; }
+    /// Replaces all by plain text in the box's own format.
+    void setText(std::wstring_view text);
+    /// Loads a file, RTF or plain text. False if it cannot be read; the box then stays as it was.
+    bool loadFile(const std::wstring& path);
+    /// Saves as RTF.
+    bool saveFile(const std::wstring& path) const;
+
+    int selectionStart() const { return selectionStart_; }
+    int selectionLength() const { return selectionLength_; }
+    /// Selects `length` characters from `start` on, brought into the text.
+    void select(int start, int length);
+    /// Gives the selected characters this format, and the paragraphs that they touch this alignment.
+    void formatSelection(const RtfFormat& format, RtfAlignment alignment);
+
+    /// What the user made of the document; told by the view, and so not told back to it.
+    void edited(RtfDocument document, int selectionStart, int selectionLength);
+
+    const Font& font() const { return font_; }
+    bool readOnly() const { return readOnly_; }
+    std::wstring spokenName() const override { return spoken_; }
+
+    Handler change;
+
+private:
+    void setDocument(RtfDocument document);
+
+    RtfDocument document_;
+    std::wstring text_;
+    int selectionStart_ = 0;
+    int selectionLength_ = 0;
+    Font font_;
+    bool readOnly_;
+    std::wstring spoken_;
+};
+
+} // namespace klopfmeise

@@ -1,0 +1,202 @@
+#include "platform/forms/form_runtime.h"
+
+#include "platform/forms/timer.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace klopfmeise {
+
+FormRuntime::FormRuntime(Backend& backend, Services services)
+    : backend_(backend)
+    , services_(services) {}
+
+FormRuntime::~FormRuntime() {
+    // The forms' timers and controls leave the runtime while it still stands.
+    for (auto* list : {&unloaded_, &forms_})
+        for (auto& form : *list)
+            form->view_.reset();
+    unloaded_.clear();
+    forms_.clear();
+}
+
+void FormRuntime::add(std::wstring_view name, Maker maker) { makers_.emplace(name, std::move(maker)); }
+
+std::vector<std::wstring_view> FormRuntime::names() const {
+    std::vector<std::wstring_view> names;
+    for (const auto& [name, maker] : makers_)
+        names.push_back(name);
+    return names;
+}
+
+bool FormRuntime::available(std::wstring_view name) {
+    if (makers_.contains(name))
+        return true;
+    message({.text = L"Dieser Teil von Klopfmeise gehört nicht zu dieser Ausgabe des Programms.",
+             .title = L"Klopfmeise",
+             .icon = MessageIcon::information});
+    return false;
+}
+
+Form* FormRuntime::loaded(std::wstring_view name) const {
+    const auto found = std::ranges::find_if(forms_, [&](const auto& form) { return form->name() == name; });
+    return found == forms_.end() ? nullptr : found->get();
+}
+
+Form* FormRuntime::load(std::wstring_view name) {
+    if (Form* form = loaded(name))
+        return form;
+    if (!available(name))
+        return nullptr;
+    // Behind the active form, so that unloading another one does not bring a form to the front that was never
+    // shown.
+    Form* form = forms_.insert(forms_.begin(), makers_.find(name)->second())->get();
+    dispatch(*form, [form] { form->Form_Load(); });
+    // A form that unloads itself while it loads may be gone already.
+    return loaded(name) == form ? form : nullptr;
+}
+
+bool FormRuntime::show(std::wstring_view name) {
+    Form* form = load(name);
+    if (!form || ended_)
+        return false;
+    if (!form->view_)
+        form->view_ = backend_.makeView(*form);
+    form->visible_ = true;
+    form->view_->show();
+    activate(form);
+    return true;
+}
+
+void FormRuntime::activate(Form* form) {
+    if (form == active_)
+        return;
+    Form* before = std::exchange(active_, form);
+    if (form) {
+        const auto at = std::ranges::find_if(forms_, [&](const auto& f) { return f.get() == form; });
+        std::rotate(at, at + 1, forms_.end());
+    }
+    if (before && !before->unloaded_)
+        dispatch(*before, [before] { before->Form_Deactivate(); });
+    if (!form || active_ != form || ended_)
+        return;
+    form->view_->activate();
+    dispatch(*form, [form] { form->Form_Activate(); });
+}
+
+void FormRuntime::unload(Form& form) {
+    if (form.unloaded_)
+        return;
+    dispatch(form, [&form] { form.Form_Unload(); });
+    if (form.unloaded_)
+        return;
+    form.unloaded_ = true;
+    form.visible_ = false;
+    if (form.view_)
+        form.view_->hide();
+    const auto at = std::ranges::find_if(forms_, [&](const auto& f) { return f.get() == &form; });
+    unloaded_.push_back(std::move(*at));
+    forms_.erase(at);
+    if (active_ == &form) {
+        active_ = nullptr;
+        const auto next =
+            std::find_if(forms_.rbegin(), forms_.rend(), [](const auto& f) { return f->visible(); });
+        if (next != forms_.rend())
+            activate(next->get());
+    }
+    if (!busy())
+        settle();
+}
+
+void FormRuntime::unload(std::wstring_view name) {
+    if (Form* form = loaded(name))
+        unload(*form);
+}
+
+Form* FormRuntime::active() const { return active_; }
+
+void FormRuntime::end() {
+    if (std::exchange(ended_, true))
+        return;
+    backend_.quit();
+}
+
+Answer FormRuntime::message(const Message& message) { return backend_.showMessage(message); }
+
+void FormRuntime::wait(int milliseconds) {
+    if (!ended_)
+        backend_.wait(milliseconds);
+}
+
+void FormRuntime::dispatch(Form& form, const std::function<void()>& handler) {
+    if (form.unloaded_ || ended_)
+        return;
+    struct Depth {
+        explicit Depth(int& depth)
+            : depth_(depth) {
+            ++depth_;
+        }
+        ~Depth() { --depth_; }
+        Depth(const Depth&) = delete;
+        Depth& operator=(const Depth&) = delete;
+        int& depth_;
+    };
+    {
+        const Depth depth(depth_);
+        handler();
+    }
+    if (!busy())
+        settle();
+}
+
+void FormRuntime::settle() {
+    for (auto& form : unloaded_)
+        form->view_.reset();
+    unloaded_.clear();
+    if (forms_.empty())
+        end();
+}
+
+void FormRuntime::windowActivated(Form& form) {
+    if (!form.unloaded_ && form.visible() && !ended_)
+        activate(&form);
+}
+
+void FormRuntime::windowClosed(Form& form) {
+    if (!ended_)
+        unload(form);
+}
+
+void FormRuntime::enter(Timer& timer) { timers_.push_back(&timer); }
+
+void FormRuntime::leave(Timer& timer) {
+    std::erase(timers_, &timer);
+    backend_.timersChanged();
+}
+
+double FormRuntime::nextTick() const {
+    double next = -1;
+    for (const Timer* timer : timers_)
+        if (timer->due() >= 0 && !timer->form().unloaded_ && (next < 0 || timer->due() < next))
+            next = timer->due();
+    return next;
+}
+
+void FormRuntime::serveTimers() {
+    if (busy())
+        return;
+    const double now = services_.clock.seconds();
+    const auto overdue = [&]() -> Timer* {
+        Timer* first = nullptr;
+        for (Timer* timer : timers_)
+            if (timer->due() >= 0 && timer->due() <= now && !timer->form().unloaded_ &&
+                (!first || timer->due() < first->due()))
+                first = timer;
+        return first;
+    };
+    // A tick is due again later than `now` once it has fired, so that each timer fires once at the most.
+    while (Timer* timer = ended_ ? nullptr : overdue())
+        dispatch(timer->form(), [timer, now] { timer->fire(now); });
+}
+
+} // namespace klopfmeise
