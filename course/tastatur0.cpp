@@ -1,6 +1,7 @@
 #include "course/tastatur0.h"
 
 #include "course/genauigkeit.h"
+#include "platform/controls/panels.h"
 #include "platform/values/text.h"
 #include "screens/bildwechsel.h"
 #include "screens/lektionsarchiv.h"
@@ -67,8 +68,8 @@ void Tastatur0::cmdNeuesSpiel_Click() {
     Bildwechsel(umgebung_, *this, Lektionsart_ == L"Einzeiler" ? L"Tastatur1" : L"Tastatur2");
 }
 
-void Tastatur0::Form_KeyPress(int zeichencode) {
-    if (zeichencode == L' ')
+void Tastatur0::Form_KeyPress(KeyPress& taste) {
+    if (taste.code == L' ')
         cmdNeuesSpiel_Click();
 }
 

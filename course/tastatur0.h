@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/controls/windowed.h"
+#include "platform/controls/button.h"
 #include "platform/forms/form.h"
 #include "screens/fusszeile.h"
 #include "screens/umgebung.h"
@@ -13,7 +13,7 @@ public:
     explicit Tastatur0(const Umgebung& umgebung);
 
     void Form_Load() override;
-    void Form_KeyPress(int zeichencode) override;
+    void Form_KeyPress(KeyPress& taste) override;
 
 private:
     void Startaufstellung();

@@ -2,7 +2,6 @@
 
 #include "course/stufenabschluss.h"
 #include "platform/values/text.h"
-#include "platform/values/windows1252.h"
 #include "screens/bildwechsel.h"
 #include "store/lektionsdatei.h"
 #include "store/pfade.h"
@@ -102,23 +101,22 @@ void Tastatur1::FingerLeuchten() {
     bild_.zeichenAufFinger();
 }
 
-void Tastatur1::Form_KeyDown(int tastencode) {
+void Tastatur1::Form_KeyDown(const KeyDown& taste) {
     if (sperre_.durchlassen())
-        bild_.TastenLeuchten2(tastencode);
+        bild_.TastenLeuchten2(taste);
 }
 
-void Tastatur1::Form_KeyPress(int zeichencode) {
-    bild_.TastenLeuchten(zeichencode, true);
-    const bool zeilenende = Pos == Zeilenlaenge + 1 && zeichencode == eingabe;
-    const wchar_t zeichen = fromWindows1252(static_cast<unsigned char>(zeichencode));
-    const bool richtig = Pos < Zellen && lblPosV(Pos).caption() == std::wstring(1, zeichen);
+void Tastatur1::Form_KeyPress(KeyPress& taste) {
+    bild_.TastenLeuchten(taste, true);
+    const bool zeilenende = Pos == Zeilenlaenge + 1 && taste.code == eingabe;
+    const bool richtig = Pos < Zellen && lblPosV(Pos).caption() == std::wstring(1, taste.character);
     if (zeilenende || richtig)
-        richtigeTaste(zeichencode, zeilenende);
+        richtigeTaste(taste.character, zeilenende);
     else if (Pos != 1 && Pos != Zeilenlaenge + 1)
-        falscheTaste(zeichencode);
+        falscheTaste(taste.character);
 }
 
-void Tastatur1::richtigeTaste(int zeichencode, bool zeilenende) {
+void Tastatur1::richtigeTaste(wchar_t zeichen, bool zeilenende) {
     if (Pos == 1) {
         Startzeit = umgebung_.uhr().seconds();
         Timer1.setEnabled(true);
@@ -127,12 +125,12 @@ void Tastatur1::richtigeTaste(int zeichencode, bool zeilenende) {
     if (zeilenende)
         umgebung_.klang(L"typewriterding.wav");
     lblPosO(Pos).setBack(colors::white);
-    lblPosO(Pos).setCaption(std::wstring(1, fromWindows1252(static_cast<unsigned char>(zeichencode))));
+    lblPosO(Pos).setCaption(std::wstring(1, zeichen));
     ++Pos;
     PositionsAnzeiger();
 }
 
-void Tastatur1::falscheTaste(int zeichencode) {
+void Tastatur1::falscheTaste(wchar_t zeichen) {
     lblPosO(Pos).setBack(colors::red);
     umgebung_.klang(L"falsch.wav");
     ++Fehlerzahl;
@@ -140,7 +138,7 @@ void Tastatur1::falscheTaste(int zeichencode) {
     GenauigkeitFortschreiben();
     if (konto_.Fehlerstopp != 1)
         return;
-    lblPosO(Pos).setCaption(std::wstring(1, fromWindows1252(static_cast<unsigned char>(zeichencode))));
+    lblPosO(Pos).setCaption(std::wstring(1, zeichen));
     lblPosO(Pos).repaint();
     runtime().wait(stopppause);
     lblPosU(Pos).setBack(colors::white);

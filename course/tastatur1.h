@@ -3,7 +3,7 @@
 #include "course/genauigkeit.h"
 #include "course/tastaturbild.h"
 #include "platform/controls/control_array.h"
-#include "platform/controls/windowed.h"
+#include "platform/controls/panels.h"
 #include "platform/forms/form.h"
 #include "platform/forms/timer.h"
 #include "screens/bildknopf.h"
@@ -19,9 +19,9 @@ public:
     explicit Tastatur1(const Umgebung& umgebung);
 
     void Form_Load() override;
-    void Form_KeyDown(int tastencode) override;
+    void Form_KeyDown(const KeyDown& taste) override;
     void Form_KeyUp() override { sperre_.loslassen(); }
-    void Form_KeyPress(int zeichencode) override;
+    void Form_KeyPress(KeyPress& taste) override;
     std::wstring spokenTarget() const override { return bild_.ziel(); }
 
 private:
@@ -42,8 +42,8 @@ private:
     void imgNeu_Click();
     void imgHilfe_Click();
     void imgEnde_Click();
-    void richtigeTaste(int zeichencode, bool zeilenende);
-    void falscheTaste(int zeichencode);
+    void richtigeTaste(wchar_t zeichen, bool zeilenende);
+    void falscheTaste(wchar_t zeichen);
     double verstrichen() const { return umgebung_.uhr().seconds() - Startzeit; }
 
     static constexpr Font zeilenschrift{courier, 14.25, true};

@@ -70,18 +70,18 @@ void Tastatur2::Anzeige() {
     lblDurchgang.setCaption(std::to_wstring(Durchgang) + L" / " + std::to_wstring(konto_.Durchgangszahl));
 }
 
-void Tastatur2::Picture1_KeyPress(int zeichencode) {
+void Tastatur2::Picture1_KeyPress(const KeyPress& taste) {
     if (cmdNeu.visible())
         return;
-    bild_.TastenLeuchten(zeichencode, false);
-    if (zeichencode == rück && text_.Pos > 1) {
+    bild_.TastenLeuchten(taste, false);
+    if (taste.code == rück && text_.Pos > 1) {
         umgebung_.klang(L"knopf.wav");
         text_.rücktaste();
         return;
     }
-    if (text_.Fehlersperre == 1 || text_.amEnde() || zeichencode == rück)
+    if (text_.Fehlersperre == 1 || text_.amEnde() || taste.code == rück)
         return;
-    if (text_.zeichenStimmt(zeichencode))
+    if (text_.zeichenStimmt(taste))
         richtigeTaste();
     else if (Timer1.enabled())
         falscheTaste();

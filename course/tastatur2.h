@@ -27,7 +27,7 @@ private:
     void Anzeige();
     void stufeAbschließen();
     void GenauigkeitFortschreiben();
-    void Picture1_KeyPress(int zeichencode);
+    void Picture1_KeyPress(const KeyPress& taste);
     void richtigeTaste();
     void falscheTaste();
     void cmdNeu_Click();
@@ -61,11 +61,11 @@ private:
                       bild_,
                       660,
                       {.down =
-                           [this](int tastencode) {
+                           [this](const KeyDown& taste) {
                                if (sperre_.durchlassen())
-                                   bild_.TastenLeuchten2(tastencode);
+                                   bild_.TastenLeuchten2(taste);
                            },
-                       .press = [this](KeyPress& taste) { Picture1_KeyPress(taste.code); },
+                       .press = [this](KeyPress& taste) { Picture1_KeyPress(taste); },
                        .up = [this] { sperre_.loslassen(); }}};
 
     Picture imgUhr{*this, L"imgUhr", {5670, 4410, 720, 720}, {.picture = L"uhr", .spoken = L"Uhr"}};

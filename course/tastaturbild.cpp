@@ -1,5 +1,7 @@
 #include "course/tastaturbild.h"
 
+#include <algorithm>
+#include <iterator>
 #include <vector>
 
 namespace klopfmeise {
@@ -92,8 +94,8 @@ void Tastaturbild::zeichenAufFinger() {
     }
 }
 
-void Tastaturbild::TastenLeuchten(int zeichencode, bool klick) {
-    const int nummer = tasteFuerZeichencode(static_cast<wchar_t>(zeichencode));
+void Tastaturbild::TastenLeuchten(const KeyPress& taste, bool klick) {
+    const int nummer = tasteFuerZeichencode(taste.character);
     if (nummer == 0)
         return;
     if (klick)
@@ -101,8 +103,10 @@ void Tastaturbild::TastenLeuchten(int zeichencode, bool klick) {
     Tastenblitz(std::span(&nummer, 1));
 }
 
-void Tastaturbild::TastenLeuchten2(int tastencode) {
-    const std::vector<int> nummern = tastenFuerTastencode(tastencode);
+void Tastaturbild::TastenLeuchten2(const KeyDown& taste) {
+    std::vector<int> nummern;
+    for (const int code : taste.codes)
+        std::ranges::copy(tastenFuerTastencode(code), std::back_inserter(nummern));
     if (!nummern.empty())
         Tastenblitz(nummern);
 }

@@ -1,7 +1,5 @@
 #include "course/textfenster.h"
 
-#include "platform/values/windows1252.h"
-
 namespace klopfmeise {
 
 namespace {
@@ -89,10 +87,6 @@ void Textfenster::FingerLeuchten() {
             bild_.aufTasteZeigen(TasteEingabe);
     }
     bild_.zeichenAufFinger();
-}
-
-bool Textfenster::zeichenStimmt(int zeichencode) const {
-    return zelle().caption() == std::wstring(1, fromWindows1252(static_cast<unsigned char>(zeichencode)));
 }
 
 void Textfenster::rücktaste() {

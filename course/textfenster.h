@@ -3,8 +3,9 @@
 #include "course/tastaturbild.h"
 #include "platform/controls/control_array.h"
 #include "platform/controls/drawn.h"
+#include "platform/controls/events.h"
+#include "platform/controls/panels.h"
 #include "platform/controls/rich_text_box.h"
-#include "platform/controls/windowed.h"
 
 #include <string>
 
@@ -41,7 +42,9 @@ public:
     /// The cursor stands on the mark of a line end, the cell of the Enter key.
     bool amZeilenende() const { return zelle().font().name == wingdings; }
     /// The current cell holds exactly this character.
-    bool zeichenStimmt(int zeichencode) const;
+    bool zeichenStimmt(const KeyPress& taste) const {
+        return zelle().caption() == std::wstring(1, taste.character);
+    }
 
     /// Takes the cursor back by one cell, over a line feed too, and the lock off.
     void rücktaste();

@@ -68,17 +68,17 @@ void Textübung0::Anzeige() {
     lblFehler.setBack(Fehlerzahl == 0 ? colors::right : colors::wrong);
 }
 
-void Textübung0::Picture1_KeyPress(int zeichencode) {
-    bild_.TastenLeuchten(zeichencode, false);
-    if (zeichencode == rück && text_.Pos > 1) {
+void Textübung0::Picture1_KeyPress(const KeyPress& taste) {
+    bild_.TastenLeuchten(taste, false);
+    if (taste.code == rück && text_.Pos > 1) {
         umgebung_.klang(L"knopf.wav");
         text_.rücktaste();
         return;
     }
-    if (text_.amEnde() || text_.Fehlersperre == 1 || zeichencode == rück)
+    if (text_.amEnde() || text_.Fehlersperre == 1 || taste.code == rück)
         return;
     // The mark of a line end is an "l" in another font; the letter does not do for the Enter key.
-    const bool richtig = text_.amZeilenende() ? zeichencode == eingabe : text_.zeichenStimmt(zeichencode);
+    const bool richtig = text_.amZeilenende() ? taste.code == eingabe : text_.zeichenStimmt(taste);
     if (richtig)
         richtigeTaste();
     else if (Timer1.enabled())

@@ -23,7 +23,7 @@ private:
     void Startaufstellung();
     void Anzeige();
     void kontowerteZeigen();
-    void Picture1_KeyPress(int zeichencode);
+    void Picture1_KeyPress(const KeyPress& taste);
     void richtigeTaste();
     void falscheTaste();
     void textFertig();
@@ -53,11 +53,11 @@ private:
                       bild_,
                       555,
                       {.down =
-                           [this](int tastencode) {
+                           [this](const KeyDown& taste) {
                                if (sperre_.durchlassen())
-                                   bild_.TastenLeuchten2(tastencode);
+                                   bild_.TastenLeuchten2(taste);
                            },
-                       .press = [this](KeyPress& taste) { Picture1_KeyPress(taste.code); },
+                       .press = [this](KeyPress& taste) { Picture1_KeyPress(taste); },
                        .up = [this] { sperre_.loslassen(); }}};
 
     Label LblBib{*this,

@@ -48,7 +48,7 @@ Lern1::Lern1(const Umgebung& umgebung)
                                  .pointer = Pointer::hand,
                                  .toolTip = übung.titel,
                                  .click = [this, i] { cmdÜbung_Click(i); },
-                                 .mouseDown = [this] { knopfklang(); }};
+                                 .mouseDown = [this](MouseButton) { knopfklang(); }};
           })
     , cmdPinZahl(Frame1, L"cmdPinZahl", 0, 9, zifferntaste, [this](int i) {
         return ButtonLook{.caption = std::to_wstring(i), .click = [this, i] { cmdPinZahl_Click(i); }};

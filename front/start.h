@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/controls/drawn.h"
-#include "platform/controls/windowed.h"
+#include "platform/controls/panels.h"
 #include "platform/forms/form.h"
 #include "screens/umgebung.h"
 

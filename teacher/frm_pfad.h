@@ -1,7 +1,9 @@
 #pragma once
 
+#include "platform/controls/button.h"
 #include "platform/controls/drawn.h"
-#include "platform/controls/windowed.h"
+#include "platform/controls/panels.h"
+#include "platform/controls/text_box.h"
 #include "platform/forms/form.h"
 #include "screens/umgebung.h"
 

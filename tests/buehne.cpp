@@ -2,7 +2,7 @@
 
 #include "formen.h"
 #include "platform/controls/drawn.h"
-#include "platform/controls/windowed.h"
+#include "platform/controls/lists.h"
 #include "platform/values/text.h"
 #include "platform/values/windows1252.h"
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/headless/headless_backend.h"
+#include "platform/headless/headless_user.h"
 #include "platform/machine/posix_files.h"
 #include "screens/umgebung.h"
 #include "store/kontodatei.h"

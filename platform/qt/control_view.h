@@ -1,6 +1,11 @@
 #pragma once
 
-#include "platform/controls/windowed.h"
+#include "platform/controls/button.h"
+#include "platform/controls/checks.h"
+#include "platform/controls/events.h"
+#include "platform/controls/lists.h"
+#include "platform/controls/ranges.h"
+#include "platform/controls/text_box.h"
 #include "platform/qt/scale.h"
 
 #include <QPointer>

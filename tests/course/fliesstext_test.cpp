@@ -1,6 +1,7 @@
 #include "platform/controls/drawn.h"
+#include "platform/controls/lists.h"
+#include "platform/controls/panels.h"
 #include "platform/controls/rich_text_box.h"
-#include "platform/controls/windowed.h"
 #include "tests/buehne.h"
 
 #include <gtest/gtest.h>

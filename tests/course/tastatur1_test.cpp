@@ -1,5 +1,5 @@
 #include "platform/controls/drawn.h"
-#include "platform/controls/windowed.h"
+#include "platform/controls/panels.h"
 #include "tests/buehne.h"
 
 #include <cmath>

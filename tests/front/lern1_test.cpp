@@ -1,5 +1,8 @@
 #include "platform/controls/drawn.h"
-#include "platform/controls/windowed.h"
+#include "platform/controls/lists.h"
+#include "platform/controls/panels.h"
+#include "platform/controls/ranges.h"
+#include "platform/controls/text_box.h"
 #include "tests/buehne.h"
 
 #include <gtest/gtest.h>
@@ -80,7 +83,7 @@ TEST_F(Titelseite, TenClassesScrollUntilTheLastStandsAlone) {
     EXPECT_EQ(b.caption(L"LblGruppe", 0), L"a");
     EXPECT_EQ(b.caption(L"LblGruppe", 1), L"Äpfel");
     EXPECT_EQ(b.caption(L"LblGruppe", 8), L"Igel");
-    leiste.setValue(9);
+    b.user.move(leiste, 9);
     EXPECT_EQ(b.caption(L"LblGruppe", 0), L"Zebras");
     EXPECT_TRUE(b.control<Label>(L"LblGruppe", 0).visible());
     EXPECT_FALSE(b.control<Label>(L"LblGruppe", 1).visible());

@@ -1,5 +1,6 @@
 #include "platform/controls/drawn.h"
-#include "platform/controls/windowed.h"
+#include "platform/controls/lists.h"
+#include "platform/controls/panels.h"
 #include "tests/buehne.h"
 
 #include <gtest/gtest.h>

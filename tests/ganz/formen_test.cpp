@@ -1,5 +1,4 @@
 #include "platform/controls/drawn.h"
-#include "platform/controls/windowed.h"
 #include "tests/buehne.h"
 
 #include <gtest/gtest.h>
@@ -50,14 +49,14 @@ void pruefen(const Container& container, int breite, int höhe, const std::wstri
             textPasst(*label, name);
         if (const auto* bild = dynamic_cast<const Picture*>(&control); bild && !bild->picture().file) {
             EXPECT_TRUE(bild->picture().empty() || zeichnungDa(bild->picture().name)) << toUtf8(name);
-            if (bild->click || bild->mouseDown) {
+            if (bild->click() || bild->mouseDown()) {
                 EXPECT_FALSE(bild->spokenName().empty()) << "nothing to read out: " << toUtf8(name);
             }
         }
-        if (control.windowed() && !dynamic_cast<const Container*>(&control) && control.visible()) {
+        if (control.windowed() && !control.asContainer() && control.visible()) {
             EXPECT_FALSE(control.spokenName().empty()) << "nothing to read out: " << toUtf8(name);
         }
-        if (const auto* innerer = dynamic_cast<const Container*>(&control))
+        if (const Container* innerer = control.asContainer())
             pruefen(*innerer, control.width(), control.height(), form, namen);
     }
 }
