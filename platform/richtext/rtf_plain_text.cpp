@@ -1,42 +1,24 @@
 #include "platform/richtext/rtf_plain_text.h"
 
 #include "platform/richtext/rtf_builder.h"
+#include "platform/values/utf8.h"
 #include "platform/values/windows1252.h"
+
+#include <algorithm>
 
 namespace klopfmeise {
 
 namespace {
 
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-constexpr wchar_t replacementCharacter = 0xFFFD;
-
-// Broken, overlong and surrogate sequences give one replacement character for their first byte.
-wchar_t nextUtf8(std::string_view bytes, std::size_t& at) {
-    const auto lead = static_cast<unsigned char>(bytes[at++]);
-    if (lead < 0x80)
-        return static_cast<wchar_t>(lead);
-    const std::size_t trailing = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : 1;
-    if (lead < 0xC2 || lead > 0xF4 || bytes.size() - at < trailing)
-        return replacementCharacter;
-    std::uint32_t value = lead & (0x3FU >> trailing);
-    for (std::size_t i = 0; i < trailing; ++i) {
-        const auto next = static_cast<unsigned char>(bytes[at + i]);
-        if ((next & 0xC0U) != 0x80U)
-            return replacementCharacter;
-        value = (value << 6U) | (next & 0x3FU);
-    }
-    const bool overlong = (trailing == 2 && value < 0x800) || (trailing == 3 && value < 0x10000);
-    if (overlong || value > 0x10FFFF || (value >= 0xD800 && value <= 0xDFFF))
-        return replacementCharacter;
-    at += trailing;
-    return static_cast<wchar_t>(value);
-}
-
+// One replacement character for each byte that is no UTF-8.
 std::wstring fromMarkedUtf8(std::string_view bytes) {
     std::wstring text;
     text.reserve(bytes.size());
-    for (std::size_t at = 0; at < bytes.size();)
-        text += nextUtf8(bytes, at);
+    for (std::size_t at = 0; at < bytes.size();) {
+        const auto [character, length] = utf8CharacterAt(bytes, at);
+        text += length > 0 ? character : replacementCharacter;
+        at += std::max<std::size_t>(length, 1);
+    }
     return text;
 }
 
@@ -74,8 +56,8 @@ RtfDocument documentFromPlainText(std::wstring_view text) {
 }
 
 RtfDocument readPlainText(std::string_view bytes) {
-    if (bytes.starts_with(byteOrderMark))
-        return documentFromPlainText(fromMarkedUtf8(bytes.substr(byteOrderMark.size())));
+    if (bytes.starts_with(utf8ByteOrderMark))
+        return documentFromPlainText(fromMarkedUtf8(bytes.substr(utf8ByteOrderMark.size())));
     return documentFromPlainText(fromWindows1252(bytes));
 }
 

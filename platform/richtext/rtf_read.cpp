@@ -4,6 +4,7 @@
 #include "platform/richtext/rtf_state.h"
 #include "platform/richtext/rtf_tables.h"
 #include "platform/richtext/rtf_words.h"
+#include "platform/values/utf8.h"
 #include "platform/values/windows1252.h"
 
 #include <algorithm>
@@ -16,9 +17,7 @@ namespace {
 constexpr std::size_t maxDepth = 1000;
 constexpr int maxNumber = 1'000'000'000;
 constexpr int maxSubstitutes = 1000;
-constexpr wchar_t replacementCharacter = 0xFFFD;
 constexpr std::string_view signature = "{\\rtf";
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 static_assert(sizeof(wchar_t) >= 4, "a surrogate pair becomes one character");
 
@@ -343,7 +342,7 @@ const RtfFormat& Reader::format() {
 RtfDocument readRtf(std::string_view bytes) {
     bytes = bytes.substr(0, rtfMaxLength);
     const std::string_view unmarked =
-        bytes.starts_with(byteOrderMark) ? bytes.substr(byteOrderMark.size()) : bytes;
+        bytes.starts_with(utf8ByteOrderMark) ? bytes.substr(utf8ByteOrderMark.size()) : bytes;
     return unmarked.starts_with(signature) ? Reader(unmarked).read() : readPlainText(bytes);
 }
 
