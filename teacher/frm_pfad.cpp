@@ -87,7 +87,7 @@ void frmPfad::OrdnerÜbernehmen() {
                      L"angemeldet bzw. als ein Benutzer, der nicht über das Recht verfügt, Schreibvorgänge "
                      L"in der Windows-Registry vorzunehmen. Wechseln Sie also den Windows-Benutzer und "
                      L"melden Sie sich als Administrator an und nehmen Sie die von Ihnen gewünschte "
-                     L"Einstellung erneut vor! Klopfmeise beendet sich jetzt automatisch.",
+                     L"Einstellung erneut vor! KLOPFMEISE beendet sich jetzt automatisch.",
              .title = L"Hinweis",
              .icon = MessageIcon::information});
     runtime().end();

@@ -100,8 +100,16 @@ TEST_F(Titelseite, NoClassLeavesAnEmptyListAndAnEmptyClassItsHelp) {
     b.user.click(L"LblGruppe", 1);
     auto& hilfe = b.control<TextBox>(L"txtKeineKonten");
     EXPECT_TRUE(hilfe.visible());
-    EXPECT_TRUE(hilfe.text().starts_with(L"In der Klasse 'Leer\\' befinden sich keine Kinder-Konten!"));
-    EXPECT_NE(hilfe.text().find(L"(z.B. 'Leer\\'). Klicken Sie dann"), std::wstring::npos);
+    EXPECT_EQ(
+        hilfe.text(),
+        L"In der Klasse 'Leer\\' befinden sich keine Kinder-Konten! Kinder-Konten müssen im Lehrkraft-Modus "
+        L"angelegt werden. Klicken Sie dazu auf den Schalter 'Lehrkraft' am unteren Bildschirmrand dieser "
+        L"Titelseite und geben dann in das sich öffnende Fenster den Zugangscode für den Lehrkraft-Modus "
+        L"ein. Dieser Code ist bei Auslieferung '7294'. Im Lehrkraft-Modus angekommen, wählen Sie die "
+        L"Klasse, innerhalb derer Sie Kinder-Konten anlegen möchten (z.B. 'Leer\\'). Klicken Sie dann auf "
+        L"den Schalter 'Konten der Kinder' und anschließend auf den Schalter 'Neues Kind'. Geben Sie nun "
+        L"(einen oder mehrere) Kindernamen ein. Verlassen Sie danach den Lehrkraft-Modus mit den "
+        L"Pfeil-Schaltern und kehren zurück auf diese Titelseite.");
     b.user.click(L"cmdAllesZurück");
     b.user.click(L"LblGruppe", 0);
     EXPECT_FALSE(hilfe.visible());
