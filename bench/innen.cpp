@@ -2,9 +2,9 @@
 // so that the ratio of the two says something on any machine.
 
 #include "bench/fliesstext.h"
-#include "course/genauigkeit.h"
 #include "course/textfenster.h"
 #include "platform/machine/posix_files.h"
+#include "store/genauigkeit.h"
 #include "tests/buehne.h"
 
 #include <benchmark/benchmark.h>
@@ -46,12 +46,12 @@ VolleSchule& volleSchule() {
 // One key writes the child's accuracy.
 
 void konto(benchmark::State& state) {
-    const Bühne bühne;
+    Bühne bühne;
     PosixFiles dateien;
-    const std::wstring pfad = logikpfad(bühne.konto());
+    bühne.kindWählen();
     int pos = 0;
     for (auto _ : state)
-        benchmark::DoNotOptimize(genauigkeitFortschreiben(dateien, pfad, {3, ++pos % 50 + 1, 1}));
+        benchmark::DoNotOptimize(genauigkeitFortschreiben(dateien, bühne.global, {3, ++pos % 50 + 1, 1}));
 }
 BENCHMARK(konto);
 

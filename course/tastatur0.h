@@ -4,6 +4,7 @@
 #include "platform/forms/form.h"
 #include "screens/fusszeile.h"
 #include "screens/umgebung.h"
+#include "store/kursplatz.h"
 
 namespace klopfmeise {
 
@@ -17,6 +18,7 @@ public:
 
 private:
     void Startaufstellung();
+    void lernstandZeigen();
     void cmdNeuesSpiel_Click();
     void imgAbbildung_Click();
     void imgHilfe_Click();
@@ -35,10 +37,7 @@ private:
     static ShapeLook rahmen() { return {.fill = RGB(247, 247, 244), .outline = colors::panel}; }
 
     Umgebung umgebung_;
-    int Lektionsnummer_ = 1;
-    std::wstring Lektionsart_;
-    /// True if there is a text to type, so that START leads somewhere.
-    bool bereit_ = false;
+    Kursplatz platz_;
 
     Shape Shape1_0{*this, L"Shape1", {1890, 840, 8100, 2955}, rahmen(), 0};
     Shape Shape1_1{*this, L"Shape1", {1890, 3810, 8100, 1005}, rahmen(), 1};

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "course/genauigkeit.h"
 #include "course/textfenster.h"
 #include "platform/forms/form.h"
 #include "platform/forms/timer.h"
+#include "screens/anzeigen.h"
 #include "screens/bildknopf.h"
 #include "screens/fusszeile.h"
-#include "store/kurskonto.h"
+#include "store/kursplatz.h"
 
 namespace klopfmeise {
 
@@ -26,7 +26,9 @@ private:
     bool Startaufstellung();
     void Anzeige();
     void stufeAbschließen();
-    void GenauigkeitFortschreiben();
+    /// Carries `Genauigkeit` on by the key just typed.
+    void tasteWerten();
+    void zurStartseite();
     void Picture1_KeyPress(int zeichencode);
     void richtigeTaste();
     void falscheTaste();
@@ -39,8 +41,6 @@ private:
     double verstrichen() const { return umgebung_.uhr().seconds() - Startzeit; }
     /// Seconds left by the whole seconds gone.
     int Restzeit() const;
-
-    static LabelLook zahl() { return {.align = Align::center, .autoSize = true}; }
 
     Umgebung umgebung_;
     int Fehlerzahl = 0;
@@ -81,12 +81,12 @@ private:
                      {105, 0, 3465, 330},
                      {.font = {courier, 14.25, true}, .fore = colors::coral, .wrap = false}};
     Label Label1_1{*this, L"Label1", {7290, 0, 1080, 240}, {.caption = L"Durchgang", .wrap = false}, 1};
-    Label lblDurchgang{*this, L"lblDurchgang", {7710, 210, 135, 240}, zahl()};
+    Label lblDurchgang{*this, L"lblDurchgang", {7710, 210, 135, 240}, zähler()};
     Label Label1_0{*this, L"Label1", {8880, 0, 735, 240}, {.caption = L"Fehler", .wrap = false}, 0};
-    Label lblFehler{*this, L"lblFehler", {9240, 210, 135, 240}, zahl()};
+    Label lblFehler{*this, L"lblFehler", {9240, 210, 135, 240}, zähler()};
     Label Label1_2{
         *this, L"Label1", {10065, 0, 1935, 240}, {.caption = L"Tipp-Genauigkeit", .wrap = false}, 2};
-    Label lblGenau{*this, L"lblGenau", {10605, 210, 855, 240}, zahl()};
+    Label lblGenau{*this, L"lblGenau", {10605, 210, 855, 240}, zähler()};
 
     Fusszeile fuss_{*this, L"Klopfmeise - Der Kurs"};
     Picture imgNeu{

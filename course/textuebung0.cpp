@@ -3,11 +3,8 @@
 #include "platform/values/text.h"
 #include "screens/bildwechsel.h"
 #include "store/einstellungsdatei.h"
-#include "store/kontodatei.h"
 #include "store/pfade.h"
-
-#include <algorithm>
-#include <cmath>
+#include "store/textkonto.h"
 
 namespace klopfmeise {
 
@@ -15,11 +12,6 @@ namespace {
 
 constexpr int rück = 8;
 constexpr int eingabe = 13;
-
-/// The value of a record that counts; the empty string and Empty count as 0.
-std::wstring zählerText(const Wert& wert, wchar_t dezimalzeichen) {
-    return gleich(wert, L"") ? L"0" : textAus(wert, dezimalzeichen);
-}
 
 double zahlIn(const Label& label) { return spelledNumber(label.caption()).value_or(0); }
 
@@ -57,16 +49,16 @@ void Textübung0::Startaufstellung() {
 }
 
 void Textübung0::kontowerteZeigen() {
-    Kontodatei datei(umgebung_.dateien(), kontopfad(umgebung_.global));
-    const wchar_t dezimal = umgebung_.dezimalzeichen();
-    lblRichtig.setCaption(zählerText(datei.lesen(Kontosatz::TexteGesamt), dezimal));
-    lblAnschlägeDurchschnitt.setCaption(zählerText(datei.lesen(Kontosatz::AnschlaegeSchnitt), dezimal));
+    const auto stand = textstandLesen(umgebung_.dateien(), umgebung_.global);
+    lblRichtig.setCaption(stand ? wertText(stand->TexteGesamt) : unbekannt);
+    lblAnschlägeDurchschnitt.setCaption(stand ? wertText(stand->AnschlaegeSchnitt) : unbekannt);
 }
 
-void Textübung0::Anzeige() {
-    lblFehler.setCaption(std::to_wstring(Fehlerzahl));
-    lblFehler.setBack(Fehlerzahl == 0 ? colors::right : colors::wrong);
+std::wstring Textübung0::wertText(const Wert& wert) const {
+    return textAus(wert, umgebung_.dezimalzeichen());
 }
+
+void Textübung0::Anzeige() { fehlerZeigen(lblFehler, Fehlerzahl); }
 
 void Textübung0::Picture1_KeyPress(int zeichencode) {
     bild_.TastenLeuchten(zeichencode, false);
@@ -111,30 +103,13 @@ void Textübung0::textFertig() {
                                      lblAnschläge.caption() + L" Anschlägen pro Minute.\r\r" +
                                      L"Beim Tippen hast du " + lblFehler.caption() + L" Fehler gemacht.";
     runtime().show(L"HilfeFehlerbericht");
-    textZählen();
-    schnittFortschreiben();
+    const auto texte = textZählen(umgebung_.dateien(), umgebung_.global);
+    const auto schnitt = schnittFortschreiben(umgebung_.dateien(), umgebung_.global, lblAnschläge.caption());
+    if (schnitt)
+        lblAnschlägeDurchschnitt.setCaption(wertText(*schnitt));
+    if (texte)
+        lblRichtig.setCaption(wertText(*texte));
     Startaufstellung();
-}
-
-void Textübung0::textZählen() {
-    Kontodatei datei(umgebung_.dateien(), kontopfad(umgebung_.global));
-    const double neu = zahlAus(datei.lesen(Kontosatz::TexteGesamt)).value_or(0) + 1;
-    if (!datei.gut())
-        return;
-    datei.schreiben(Kontosatz::TexteGesamt, ganzzahl(static_cast<int>(std::clamp(neu, 1.0, 1e9))));
-    lblRichtig.setCaption(numberText(neu, umgebung_.dezimalzeichen()));
-}
-
-void Textübung0::schnittFortschreiben() {
-    Kontodatei datei(umgebung_.dateien(), kontopfad(umgebung_.global));
-    const double bisher = zahlAus(datei.lesen(Kontosatz::AnschlaegeSchnitt)).value_or(0);
-    if (!datei.gut())
-        return;
-    Wert neu = lblAnschläge.caption();
-    if (bisher > 0 && std::isfinite(bisher))
-        neu = Int((zahlIn(lblAnschläge) + bisher) / 2);
-    lblAnschlägeDurchschnitt.setCaption(textAus(neu, umgebung_.dezimalzeichen()));
-    datei.schreiben(Kontosatz::AnschlaegeSchnitt, neu);
 }
 
 void Textübung0::Timer1_Timer() {

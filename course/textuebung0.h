@@ -3,8 +3,10 @@
 #include "course/textfenster.h"
 #include "platform/forms/form.h"
 #include "platform/forms/timer.h"
+#include "screens/anzeigen.h"
 #include "screens/bildknopf.h"
 #include "screens/fusszeile.h"
+#include "store/wert.h"
 
 namespace klopfmeise {
 
@@ -27,15 +29,13 @@ private:
     void richtigeTaste();
     void falscheTaste();
     void textFertig();
-    void textZählen();
-    void schnittFortschreiben();
+    std::wstring wertText(const Wert& wert) const;
     void imgNeu_Click();
     void imgHilfe_Click();
     void imgEnde_Click();
     void Timer1_Timer();
     void Timer2_Timer() { text_.blinken(); }
 
-    static LabelLook zahl() { return {.align = Align::center, .autoSize = true}; }
     static LabelLook angabe(const wchar_t* text) { return {.caption = text, .wrap = false}; }
 
     Umgebung umgebung_;
@@ -66,7 +66,7 @@ private:
                  {.font = {courier, 14.25, true}, .align = Align::left, .autoSize = true},
                  2};
     Label Label1_1{*this, L"Label1", {3255, 0, 2880, 240}, angabe(L"Getippte Texte insgesamt"), 1};
-    Label lblRichtig{*this, L"lblRichtig", {4725, 210, 135, 240}, zahl()};
+    Label lblRichtig{*this, L"lblRichtig", {4725, 210, 135, 240}, zähler()};
     Label Label1_3{*this,
                    L"Label1",
                    {6615, 0, 3135, 240},
@@ -77,17 +77,17 @@ private:
                    {6780, 210, 750, 210},
                    {.caption = L"aktuell", .font = {courier, 8.25}, .wrap = false},
                    4};
-    Label lblAnschläge{*this, L"lblAnschläge", {7560, 210, 375, 240}, zahl()};
+    Label lblAnschläge{*this, L"lblAnschläge", {7560, 210, 375, 240}, zähler()};
     Label Label1_5{*this,
                    L"Label1",
                    {8085, 210, 1065, 210},
                    {.caption = L"durchschn.", .font = {courier, 8.25}, .wrap = false},
                    5};
-    Label lblAnschlägeDurchschnitt{*this, L"lblAnschlägeDurchschnitt", {9135, 210, 375, 240}, zahl()};
+    Label lblAnschlägeDurchschnitt{*this, L"lblAnschlägeDurchschnitt", {9135, 210, 375, 240}, zähler()};
     Label Label1_2{*this, L"Label1", {10125, 0, 495, 240}, angabe(L"Zeit"), 2};
-    Label lblZeit{*this, L"lblZeit", {10290, 210, 135, 240}, zahl()};
+    Label lblZeit{*this, L"lblZeit", {10290, 210, 135, 240}, zähler()};
     Label Label1_0{*this, L"Label1", {11160, 0, 720, 240}, angabe(L"Fehler"), 0};
-    Label lblFehler{*this, L"lblFehler", {11445, 210, 135, 240}, zahl()};
+    Label lblFehler{*this, L"lblFehler", {11445, 210, 135, 240}, zähler()};
 
     Fusszeile fuss_{*this, L"Text tippen"};
     Picture imgNeu{*this,

@@ -1,6 +1,5 @@
 #include "front/start.h"
 
-#include "store/kontodatei.h"
 #include "store/mdl_dir.h"
 
 namespace klopfmeise {
@@ -48,7 +47,7 @@ void frmStart::Form_Activate() {
 
 bool frmStart::LZF75Test() {
     const std::wstring& Datenpfad = umgebung_.global.Datenpfad;
-    if (Kontodatei(umgebung_.dateien(), Datenpfad + L"lzf75.tst").schreibenText(1, L"Test"))
+    if (schreibprobe(umgebung_.dateien(), Datenpfad))
         return true;
     runtime().message(
         {.text = L"Schreibrecht für Datenablage nicht gegeben!\n\nDer momentan angemeldete Windows-Benutzer "

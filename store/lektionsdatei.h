@@ -8,6 +8,9 @@
 
 namespace klopfmeise {
 
+/// Lessons of the course.
+inline constexpr int Lektionenzahl = 30;
+
 /// What a Lektionsdatei tells of one stage.
 struct Stufe {
     std::wstring Stufentitel;

@@ -1,6 +1,7 @@
 #include "store/mdl_dir.h"
 
 #include "platform/values/text.h"
+#include "store/kontodatei.h"
 #include "store/mdl_registry.h"
 
 #include <algorithm>
@@ -38,6 +39,10 @@ bool zulaessigeDatenablage(Files& dateien, const std::wstring& ordner) {
     return std::ranges::all_of(
                marken, [&](const wchar_t* marke) { return DateiVorhanden(dateien, ordner + marke); }) &&
            ordner.size() >= kuerzester && dateien.folderExists(ordner);
+}
+
+bool schreibprobe(Files& dateien, const std::wstring& ordner) {
+    return Kontodatei(dateien, ordner + L"lzf75.tst").schreibenText(1, L"Test");
 }
 
 const wchar_t* const DatenablageErklaerung =

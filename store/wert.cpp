@@ -115,6 +115,8 @@ bool gleich(const Wert& wert, std::wstring_view text) {
     return eigen && *eigen == text;
 }
 
+Wert oderNull(const Wert& wert) { return gleich(wert, L"") ? Wert(std::int16_t{0}) : wert; }
+
 std::wstring textAus(const Wert& wert, wchar_t dezimalzeichen) {
     if (const auto* text = std::get_if<std::wstring>(&wert))
         return *text;

@@ -1,6 +1,7 @@
 #include "teacher/frm_abbildung.h"
 
 #include "screens/lektionsarchiv.h"
+#include "store/lektionsdatei.h"
 #include "store/pfade.h"
 
 namespace klopfmeise {

@@ -77,12 +77,16 @@ void Bühne::zurÜbung(int nummer) {
     user.click(L"cmdÜbung", nummer);
 }
 
-void Bühne::öffnen(std::wstring_view form) {
+void Bühne::kindWählen() {
     global.Programmpfad = L"\\opt\\klopfmeise\\";
     global.Datenpfad = logikpfad(daten()) + L"\\";
     global.AktuelleKlasse = L"Hasen\\";
     global.AktuellesKonto = L"Mia._";
     global.KlasseGewaehlt = 1;
+}
+
+void Bühne::öffnen(std::wstring_view form) {
+    kindWählen();
     runtime.show(L"frmTemp");
     runtime.show(form);
 }
