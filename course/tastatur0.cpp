@@ -3,19 +3,20 @@
 #include "platform/values/text.h"
 #include "screens/anzeigen.h"
 #include "screens/bildwechsel.h"
+#include "screens/formnamen.h"
 #include "screens/lektionsarchiv.h"
+#include "screens/zeichencodes.h"
 #include "store/pfade.h"
 
 namespace klopfmeise {
 
 Tastatur0::Tastatur0(const Umgebung& umgebung)
-    : Form(umgebung.runtime, L"Tastatur0", {.picture = L"hintergrund_start"})
+    : Form(umgebung.runtime, formname::Tastatur0, {.picture = L"hintergrund_start"})
     , umgebung_(umgebung) {}
 
 void Tastatur0::Form_Load() {
     centre();
-    fuss_.LblName.setCaption(kontoname(umgebung_.global));
-    fuss_.LblKlasse.setCaption(umgebung_.global.AktuelleKlasse);
+    fuß_.kindZeigen();
     Startaufstellung();
 }
 
@@ -69,11 +70,11 @@ void Tastatur0::cmdNeuesSpiel_Click() {
     if (!platz_.bereit())
         return;
     umgebung_.klang(L"knopf.wav");
-    Bildwechsel(umgebung_, *this, platz_.lektion.einzeiler() ? L"Tastatur1" : L"Tastatur2");
+    Bildwechsel(umgebung_, *this, platz_.lektion.einzeiler() ? formname::Tastatur1 : formname::Tastatur2);
 }
 
 void Tastatur0::Form_KeyPress(int zeichencode) {
-    if (zeichencode == L' ')
+    if (zeichencode == CodeLeer)
         cmdNeuesSpiel_Click();
 }
 
@@ -82,16 +83,6 @@ void Tastatur0::imgAbbildung_Click() {
         return;
     umgebung_.klang(L"knopf.wav");
     lektionsbildZeigen(umgebung_, platz_.konto.Lektionsnummer, true);
-}
-
-void Tastatur0::imgHilfe_Click() {
-    umgebung_.klang(L"knopf.wav");
-    runtime().show(L"Hilfe");
-}
-
-void Tastatur0::imgEnde_Click() {
-    umgebung_.klang(L"knopf.wav");
-    Bildwechsel(umgebung_, *this, L"Lern1");
 }
 
 } // namespace klopfmeise

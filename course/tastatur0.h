@@ -3,6 +3,7 @@
 #include "platform/controls/windowed.h"
 #include "platform/forms/form.h"
 #include "screens/fusszeile.h"
+#include "screens/uebungen.h"
 #include "screens/umgebung.h"
 #include "store/kursplatz.h"
 
@@ -21,8 +22,6 @@ private:
     void lernstandZeigen();
     void cmdNeuesSpiel_Click();
     void imgAbbildung_Click();
-    void imgHilfe_Click();
-    void imgEnde_Click();
 
     static constexpr Font groß{courier, 18, true};
     static constexpr Font mittel{courier, 14.25, true};
@@ -75,22 +74,7 @@ private:
                           .back = colors::blush,
                           .tabStop = false,
                           .click = [this] { cmdNeuesSpiel_Click(); }}};
-    Fusszeile fuss_{*this, L"Klopfmeise - Der Kurs"};
-    Picture imgHilfe{*this,
-                     L"imgHilfe",
-                     {9870, 7980, 900, 900},
-                     {.picture = L"knopf_hilfe",
-                      .pointer = Pointer::hand,
-                      .toolTip = L"Hilfe",
-                      .click = [this] { imgHilfe_Click(); }},
-                     0};
-    Picture imgEnde{*this,
-                    L"imgEnde",
-                    {10920, 7980, 900, 900},
-                    {.picture = L"knopf_ende",
-                     .pointer = Pointer::hand,
-                     .toolTip = L"Zurück zur Titelseite",
-                     .click = [this] { imgEnde_Click(); }}};
+    Übungsfuß fuß_{*this, umgebung_, {.übung = ÜbungKurs}};
 };
 
 } // namespace klopfmeise

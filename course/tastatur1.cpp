@@ -3,8 +3,9 @@
 #include "platform/values/text.h"
 #include "platform/values/windows1252.h"
 #include "screens/bildwechsel.h"
+#include "screens/formnamen.h"
+#include "screens/zeichencodes.h"
 #include "store/genauigkeit.h"
-#include "store/pfade.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,22 +14,20 @@ namespace klopfmeise {
 
 namespace {
 
-constexpr int eingabe = 13;
 /// Milliseconds that a run stopped by an error stays on the screen.
 constexpr int stopppause = 2000;
 
 } // namespace
 
 Tastatur1::Tastatur1(const Umgebung& umgebung)
-    : Form(umgebung.runtime, L"Tastatur1", {.picture = L"hintergrund_tastatur"})
+    : Form(umgebung.runtime, formname::Tastatur1, {.picture = L"hintergrund_tastatur"})
     , umgebung_(umgebung) {
     lblPosV(Zellen).setFontName(wingdings);
 }
 
 void Tastatur1::Form_Load() {
     centre();
-    fuss_.LblName.setCaption(kontoname(umgebung_.global));
-    fuss_.LblKlasse.setCaption(umgebung_.global.AktuelleKlasse);
+    fuß_.kindZeigen();
     Nullen();
     neuerLauf();
 }
@@ -108,7 +107,7 @@ void Tastatur1::Form_KeyDown(int tastencode) {
 
 void Tastatur1::Form_KeyPress(int zeichencode) {
     bild_.TastenLeuchten(zeichencode, true);
-    const bool zeilenende = Pos == Zeilenlaenge + 1 && zeichencode == eingabe;
+    const bool zeilenende = Pos == Zeilenlaenge + 1 && zeichencode == CodeEingabe;
     const wchar_t zeichen = fromWindows1252(static_cast<unsigned char>(zeichencode));
     const bool richtig = Pos < Zellen && lblPosV(Pos).caption() == std::wstring(1, zeichen);
     if (zeilenende || richtig)
@@ -190,7 +189,7 @@ void Tastatur1::stufeAbschließen() {
     zurStartseite();
 }
 
-void Tastatur1::zurStartseite() { Bildwechsel(umgebung_, *this, L"Tastatur0"); }
+void Tastatur1::zurStartseite() { Bildwechsel(umgebung_, *this, formname::Tastatur0); }
 
 void Tastatur1::Timer1_Timer() {
     if (konto_.Zeitmodus == 0)
@@ -221,9 +220,5 @@ void Tastatur1::Timer2_Timer() {
 }
 
 void Tastatur1::imgNeu_Click() { zurStartseite(); }
-
-void Tastatur1::imgHilfe_Click() { runtime().show(L"Hilfe"); }
-
-void Tastatur1::imgEnde_Click() { Bildwechsel(umgebung_, *this, L"Lern1"); }
 
 } // namespace klopfmeise

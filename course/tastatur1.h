@@ -8,6 +8,7 @@
 #include "screens/anzeigen.h"
 #include "screens/bildknopf.h"
 #include "screens/fusszeile.h"
+#include "screens/uebungen.h"
 #include "store/kursplatz.h"
 
 namespace klopfmeise {
@@ -44,8 +45,6 @@ private:
     void Timer1_Timer();
     void Timer2_Timer();
     void imgNeu_Click();
-    void imgHilfe_Click();
-    void imgEnde_Click();
     void richtigeTaste(int zeichencode, bool zeilenende);
     void falscheTaste(int zeichencode);
     double verstrichen() const { return umgebung_.uhr().seconds() - Startzeit; }
@@ -145,22 +144,11 @@ private:
                   .font = {courier, 12, true},
                   .align = Align::center}};
 
-    Fusszeile fuss_{*this, L"Klopfmeise - Der Kurs"};
-    Picture imgNeu{
-        *this,
-        L"imgNeu",
-        {8820, 7980, 900, 900},
-        bildknopf(umgebung_, L"knopf_zurueck", L"Zurück zur Startseite", [this] { imgNeu_Click(); })};
-    Picture imgHilfe{*this,
-                     L"imgHilfe",
-                     {9870, 7980, 900, 900},
-                     bildknopf(umgebung_, L"knopf_hilfe", L"Hilfe", [this] { imgHilfe_Click(); }),
-                     0};
-    Picture imgEnde{
-        *this,
-        L"imgEnde",
-        {10920, 7980, 900, 900},
-        bildknopf(umgebung_, L"knopf_ende", L"Zurück zur Titelseite", [this] { imgEnde_Click(); })};
+    Übungsfuß fuß_{*this,
+                   umgebung_,
+                   {.übung = ÜbungKurs,
+                    .neu = bildknopf(umgebung_, L"knopf_zurueck", L"Zurück zur Startseite",
+                                     [this] { imgNeu_Click(); })}};
 
     Timer Timer1{*this, L"Timer1", {.interval = 50, .enabled = false, .tick = [this] { Timer1_Timer(); }}};
     Timer Timer2{*this, L"Timer2", {.interval = 200, .tick = [this] { Timer2_Timer(); }}};

@@ -2,8 +2,9 @@
 
 #include "platform/values/text.h"
 #include "screens/bildwechsel.h"
+#include "screens/formnamen.h"
+#include "screens/zeichencodes.h"
 #include "store/genauigkeit.h"
-#include "store/pfade.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,19 +13,17 @@
 namespace klopfmeise {
 
 namespace {
-constexpr int rück = 8;
 /// Seconds left from which on the countdown warns.
 constexpr int knapp = 10;
 } // namespace
 
 Tastatur2::Tastatur2(const Umgebung& umgebung)
-    : Form(umgebung.runtime, L"Tastatur2", {.picture = L"hintergrund_tastatur"})
+    : Form(umgebung.runtime, formname::Tastatur2, {.picture = L"hintergrund_tastatur"})
     , umgebung_(umgebung) {}
 
 void Tastatur2::Form_Load() {
     centre();
-    fuss_.LblName.setCaption(kontoname(umgebung_.global));
-    fuss_.LblKlasse.setCaption(umgebung_.global.AktuelleKlasse);
+    fuß_.kindZeigen();
     text_.Picture1.setFocus();
     Nullen();
     Startaufstellung();
@@ -68,12 +67,12 @@ void Tastatur2::Picture1_KeyPress(int zeichencode) {
     if (cmdNeu.visible())
         return;
     bild_.TastenLeuchten(zeichencode, false);
-    if (zeichencode == rück && text_.Pos > 1) {
+    if (zeichencode == CodeRück && text_.Pos > 1) {
         umgebung_.klang(L"knopf.wav");
         text_.rücktaste();
         return;
     }
-    if (text_.Fehlersperre == 1 || text_.amEnde() || zeichencode == rück)
+    if (text_.Fehlersperre == 1 || text_.amEnde() || zeichencode == CodeRück)
         return;
     if (text_.zeichenStimmt(zeichencode))
         richtigeTaste();
@@ -126,7 +125,7 @@ void Tastatur2::stufeAbschließen() {
     zurStartseite();
 }
 
-void Tastatur2::zurStartseite() { Bildwechsel(umgebung_, *this, L"Tastatur0"); }
+void Tastatur2::zurStartseite() { Bildwechsel(umgebung_, *this, formname::Tastatur0); }
 
 int Tastatur2::Restzeit() const { return Zeitlimit - static_cast<int>(std::lround(verstrichen())); }
 
@@ -165,9 +164,5 @@ void Tastatur2::Timer2_Timer() {
 void Tastatur2::cmdNeu_Click() { Startaufstellung(); }
 
 void Tastatur2::imgNeu_Click() { zurStartseite(); }
-
-void Tastatur2::imgHilfe_Click() { runtime().show(L"Hilfe"); }
-
-void Tastatur2::imgEnde_Click() { Bildwechsel(umgebung_, *this, L"Lern1"); }
 
 } // namespace klopfmeise

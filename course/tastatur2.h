@@ -6,6 +6,7 @@
 #include "screens/anzeigen.h"
 #include "screens/bildknopf.h"
 #include "screens/fusszeile.h"
+#include "screens/uebungen.h"
 #include "store/kursplatz.h"
 
 namespace klopfmeise {
@@ -34,8 +35,6 @@ private:
     void falscheTaste();
     void cmdNeu_Click();
     void imgNeu_Click();
-    void imgHilfe_Click();
-    void imgEnde_Click();
     void Timer1_Timer();
     void Timer2_Timer();
     double verstrichen() const { return umgebung_.uhr().seconds() - Startzeit; }
@@ -57,7 +56,6 @@ private:
 
     Tastaturbild bild_{*this, umgebung_, 6495};
     Textfenster text_{*this,
-                      umgebung_,
                       bild_,
                       660,
                       {.down =
@@ -88,22 +86,11 @@ private:
         *this, L"Label1", {10065, 0, 1935, 240}, {.caption = L"Tipp-Genauigkeit", .wrap = false}, 2};
     Label lblGenau{*this, L"lblGenau", {10605, 210, 855, 240}, zähler()};
 
-    Fusszeile fuss_{*this, L"Klopfmeise - Der Kurs"};
-    Picture imgNeu{
-        *this,
-        L"imgNeu",
-        {8820, 7980, 900, 900},
-        bildknopf(umgebung_, L"knopf_zurueck", L"Zurück zur Startseite", [this] { imgNeu_Click(); })};
-    Picture imgHilfe{*this,
-                     L"imgHilfe",
-                     {9870, 7980, 900, 900},
-                     bildknopf(umgebung_, L"knopf_hilfe", L"Hilfe", [this] { imgHilfe_Click(); }),
-                     0};
-    Picture imgEnde{
-        *this,
-        L"imgEnde",
-        {10920, 7980, 900, 900},
-        bildknopf(umgebung_, L"knopf_ende", L"Zurück zur Titelseite", [this] { imgEnde_Click(); })};
+    Übungsfuß fuß_{*this,
+                   umgebung_,
+                   {.übung = ÜbungKurs,
+                    .neu = bildknopf(umgebung_, L"knopf_zurueck", L"Zurück zur Startseite",
+                                     [this] { imgNeu_Click(); })}};
 
     Timer Timer1{*this, L"Timer1", {.interval = 50, .enabled = false, .tick = [this] { Timer1_Timer(); }}};
     Timer Timer2{*this, L"Timer2", {.interval = 200, .tick = [this] { Timer2_Timer(); }}};

@@ -1,5 +1,7 @@
 #include "course/tastenplan.h"
 
+#include "screens/zeichencodes.h"
+
 #include <algorithm>
 #include <array>
 
@@ -162,9 +164,9 @@ int tasteFuer(wchar_t zeichen) {
 }
 
 int tasteFuerZeichencode(wchar_t code) {
-    if (code == 8)
+    if (code == CodeRück)
         return TasteRück;
-    if (code == 13)
+    if (code == CodeEingabe)
         return TasteEingabe;
     return tasteFuer(code);
 }

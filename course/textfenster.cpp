@@ -9,10 +9,8 @@ constexpr wchar_t zeilenvorschub = 10;
 constexpr std::wstring_view zeilenendmarke = L"l";
 } // namespace
 
-Textfenster::Textfenster(Form& form, const Umgebung& umgebung, Tastaturbild& bild, int links,
-                         KeyHandlers tasten)
-    : umgebung_(umgebung)
-    , bild_(bild)
+Textfenster::Textfenster(Form& form, Tastaturbild& bild, int links, KeyHandlers tasten)
+    : bild_(bild)
     , lblFärbung(form, L"lblFärbung", {links - 30, 6165, 10890, 1650}, {.back = colors::black}, 1)
     , Picture1(form, L"Picture1", {links, 6195, 10830, 1590}, {.toolTip = L"", .keys = std::move(tasten)})
     , Text1(form, L"Text1", {0, 0, 600, 300}, {.visible = false})

@@ -21,7 +21,7 @@ public:
     static constexpr Color Blinkfarbe = colors::panel;
 
     /// `links` is the left edge of Picture1; the black frame stands 30 twips beyond it.
-    Textfenster(Form& form, const Umgebung& umgebung, Tastaturbild& bild, int links, KeyHandlers tasten);
+    Textfenster(Form& form, Tastaturbild& bild, int links, KeyHandlers tasten);
 
     /// Lays out the text of Text1 and puts the cursor on its first cell. Lines break behind the last blank
     /// before the margin; a word wider than a line is broken at the margin.
@@ -63,7 +63,6 @@ private:
     void zeilenanfang(int i, int links);
     void weiter();
 
-    Umgebung umgebung_;
     Tastaturbild& bild_;
 
     Label lblFärbung;

@@ -2,29 +2,26 @@
 
 #include "platform/values/text.h"
 #include "screens/bildwechsel.h"
+#include "screens/formnamen.h"
+#include "screens/zeichencodes.h"
 #include "store/einstellungsdatei.h"
-#include "store/pfade.h"
 #include "store/textkonto.h"
 
 namespace klopfmeise {
 
 namespace {
 
-constexpr int rück = 8;
-constexpr int eingabe = 13;
-
 double zahlIn(const Label& label) { return spelledNumber(label.caption()).value_or(0); }
 
 } // namespace
 
 Textübung0::Textübung0(const Umgebung& umgebung)
-    : Form(umgebung.runtime, L"Textübung0", {.picture = L"hintergrund_tastatur"})
+    : Form(umgebung.runtime, formname::Textübung0, {.picture = L"hintergrund_tastatur"})
     , umgebung_(umgebung) {}
 
 void Textübung0::Form_Load() {
     centre();
-    fuss_.LblName.setCaption(kontoname(umgebung_.global));
-    fuss_.LblKlasse.setCaption(umgebung_.global.AktuelleKlasse);
+    fuß_.kindZeigen();
     Nullen();
     Textname = textnameLesen(umgebung_.dateien(), umgebung_.global);
     LblBib.setCaption(Textname);
@@ -62,15 +59,15 @@ void Textübung0::Anzeige() { fehlerZeigen(lblFehler, Fehlerzahl); }
 
 void Textübung0::Picture1_KeyPress(int zeichencode) {
     bild_.TastenLeuchten(zeichencode, false);
-    if (zeichencode == rück && text_.Pos > 1) {
+    if (zeichencode == CodeRück && text_.Pos > 1) {
         umgebung_.klang(L"knopf.wav");
         text_.rücktaste();
         return;
     }
-    if (text_.amEnde() || text_.Fehlersperre == 1 || zeichencode == rück)
+    if (text_.amEnde() || text_.Fehlersperre == 1 || zeichencode == CodeRück)
         return;
     // The mark of a line end is an "l" in another font; the letter does not do for the Enter key.
-    const bool richtig = text_.amZeilenende() ? zeichencode == eingabe : text_.zeichenStimmt(zeichencode);
+    const bool richtig = text_.amZeilenende() ? zeichencode == CodeEingabe : text_.zeichenStimmt(zeichencode);
     if (richtig)
         richtigeTaste();
     else if (Timer1.enabled())
@@ -102,7 +99,7 @@ void Textübung0::textFertig() {
                                      L"Das entspricht einer Tippgeschwindigkeit von " +
                                      lblAnschläge.caption() + L" Anschlägen pro Minute.\r\r" +
                                      L"Beim Tippen hast du " + lblFehler.caption() + L" Fehler gemacht.";
-    runtime().show(L"HilfeFehlerbericht");
+    runtime().show(formname::HilfeFehlerbericht);
     const auto texte = textZählen(umgebung_.dateien(), umgebung_.global);
     const auto schnitt = schnittFortschreiben(umgebung_.dateien(), umgebung_.global, lblAnschläge.caption());
     if (schnitt)
@@ -121,12 +118,5 @@ void Textübung0::Timer1_Timer() {
 }
 
 void Textübung0::imgNeu_Click() { Startaufstellung(); }
-
-void Textübung0::imgHilfe_Click() { runtime().show(L"Hilfe"); }
-
-void Textübung0::imgEnde_Click() {
-    Bildwechsel(umgebung_, *this, L"Lern1");
-    runtime().unload(L"HilfeFehlerbericht");
-}
 
 } // namespace klopfmeise

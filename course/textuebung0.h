@@ -5,7 +5,9 @@
 #include "platform/forms/timer.h"
 #include "screens/anzeigen.h"
 #include "screens/bildknopf.h"
+#include "screens/formnamen.h"
 #include "screens/fusszeile.h"
+#include "screens/uebungen.h"
 #include "store/wert.h"
 
 namespace klopfmeise {
@@ -31,8 +33,6 @@ private:
     void textFertig();
     std::wstring wertText(const Wert& wert) const;
     void imgNeu_Click();
-    void imgHilfe_Click();
-    void imgEnde_Click();
     void Timer1_Timer();
     void Timer2_Timer() { text_.blinken(); }
 
@@ -49,7 +49,6 @@ private:
 
     Tastaturbild bild_{*this, umgebung_};
     Textfenster text_{*this,
-                      umgebung_,
                       bild_,
                       555,
                       {.down =
@@ -89,21 +88,12 @@ private:
     Label Label1_0{*this, L"Label1", {11160, 0, 720, 240}, angabe(L"Fehler"), 0};
     Label lblFehler{*this, L"lblFehler", {11445, 210, 135, 240}, zähler()};
 
-    Fusszeile fuss_{*this, L"Text tippen"};
-    Picture imgNeu{*this,
-                   L"imgNeu",
-                   {8820, 7980, 900, 900},
-                   bildknopf(umgebung_, L"knopf_neu", L"Noch einmal von vorn", [this] { imgNeu_Click(); })};
-    Picture imgHilfe{*this,
-                     L"imgHilfe",
-                     {9870, 7980, 900, 900},
-                     bildknopf(umgebung_, L"knopf_hilfe", L"Hilfe", [this] { imgHilfe_Click(); }),
-                     0};
-    Picture imgEnde{
+    Übungsfuß fuß_{
         *this,
-        L"imgEnde",
-        {10920, 7980, 900, 900},
-        bildknopf(umgebung_, L"knopf_ende", L"Zurück zur Titelseite", [this] { imgEnde_Click(); })};
+        umgebung_,
+        {.übung = ÜbungText,
+         .neu = bildknopf(umgebung_, L"knopf_neu", L"Noch einmal von vorn", [this] { imgNeu_Click(); }),
+         .gegangen = [this] { runtime().unload(formname::HilfeFehlerbericht); }}};
 
     Timer Timer1{*this, L"Timer1", {.interval = 50, .enabled = false, .tick = [this] { Timer1_Timer(); }}};
     Timer Timer2{*this, L"Timer2", {.interval = 300, .tick = [this] { Timer2_Timer(); }}};

@@ -2,13 +2,14 @@
 
 #include "screens/anzeigen.h"
 #include "screens/bildwechsel.h"
+#include "screens/formnamen.h"
 #include "screens/uebungen.h"
 #include "store/kontostand.h"
 
 namespace klopfmeise {
 
 Konto::Konto(const Umgebung& umgebung)
-    : Form(umgebung.runtime, L"Konto",
+    : Form(umgebung.runtime, formname::Konto,
            {.kind = FormKind::window, .width = 8415, .height = 7245, .back = colors::white})
     , umgebung_(umgebung)
     , Line1(
@@ -23,7 +24,7 @@ Konto::Konto(const Umgebung& umgebung)
               return Rect{420, zeile(i), 900, 900};
           },
           [](int i) {
-              const Übung& übung = Übungen[static_cast<std::size_t>(i) - 1];
+              const Übung& übung = übungMit(i);
               return PictureLook{.picture = übung.bild, .toolTip = übung.titel};
           }) {}
 

@@ -2,6 +2,7 @@
 
 #include "platform/controls/drawn.h"
 #include "platform/controls/windowed.h"
+#include "screens/formnamen.h"
 #include "screens/umgebung.h"
 #include "store/lektionsdatei.h"
 #include "store/pfade.h"
@@ -26,7 +27,7 @@ void archivVorbereiten(Form& abbildung, int lektion) {
 } // namespace
 
 void lektionsbildZeigen(const Umgebung& umgebung, int lektion, bool mitArchiv) {
-    Form* abbildung = umgebung.runtime.load(L"frmAbbildung");
+    Form* abbildung = umgebung.runtime.load(formname::frmAbbildung);
     if (!abbildung)
         return;
     const std::wstring nummer = std::to_wstring(lektion);
@@ -35,7 +36,7 @@ void lektionsbildZeigen(const Umgebung& umgebung, int lektion, bool mitArchiv) {
     if (mitArchiv)
         archivVorbereiten(*abbildung, lektion);
     abbildung->find<Frame>(L"frmArchiv")->setVisible(mitArchiv);
-    umgebung.runtime.show(L"frmAbbildung");
+    umgebung.runtime.show(formname::frmAbbildung);
 }
 
 } // namespace klopfmeise

@@ -45,14 +45,4 @@ bool schreibprobe(Files& dateien, const std::wstring& ordner) {
     return Kontodatei(dateien, ordner + L"lzf75.tst").schreibenText(1, L"Test");
 }
 
-const wchar_t* const DatenablageErklaerung =
-    L"Für eine Datenablage kommt ausschließlich jener Ordner in Frage, den Klopfmeise während der "
-    L"Installation standardmäßig in den von Windows dafür vorgesehenen Ordner kopiert (bei Windows XP ist "
-    L"das z. B. 'C:\\Dokumente und Einstellungen\\All Users\\Anwendungsdaten\\Klopfmeise\\', bei Vista ist "
-    L"es 'C:\\Program Data\\Klopfmeise\\.'), oder den Sie als Anwender manuell an einem anderen Ort (z. B. "
-    L"'C:\\Klopfmeise-Daten' oder '\\\\server\\Klopfmeise-Daten') angelegt haben (z. B. durch Kopie des "
-    L"standardmäßigen Ordners). In jedem Fall muss der Ordner für die Datenablage folgende Unterordner samt "
-    L"aller weiteren Unterordner und Dateien besitzen: Data, Gruppen. Selbstverständlich ist dieser Ordner "
-    L"mit vollen Lese- und Schreibrechten für alle Benutzer freizugeben.";
-
 } // namespace klopfmeise

@@ -27,8 +27,4 @@ bool zulaessigeDatenablage(Files& dateien, const std::wstring& ordner);
 /// cannot be written.
 bool schreibprobe(Files& dateien, const std::wstring& ordner);
 
-/// What a data folder has to be, for the messages that refuse one.
-extern const wchar_t* const DatenablageErklaerung;
-inline constexpr const wchar_t* DatenablageUnzulaessig = L"Kein zulässiger Ordner für die Datenablage";
-
 } // namespace klopfmeise

@@ -86,7 +86,7 @@ TEST(Formen, EverySoundAndPictureThatTheCodeNamesIsThere) {
     const std::regex bild("L\"((?:knopf|uebung|hintergrund|einst)_[a-z0-9_]+)\"");
     int klänge = 0;
     int bilder = 0;
-    for (const char* raum : {"front", "course", "teacher"}) {
+    for (const char* raum : {"screens", "front", "course", "teacher"}) {
         for (const auto& eintrag : fs::directory_iterator(fs::path(KLOPFMEISE_QUELLEN) / raum)) {
             const std::string quelle = dateiinhalt(eintrag.path());
             for (std::sregex_iterator it(quelle.begin(), quelle.end(), klang), ende; it != ende;
