@@ -58,10 +58,10 @@ BENCHMARK(konto);
 void kontoNurSystemaufrufe(benchmark::State& state) {
     const Bühne bühne;
     const std::string pfad = bühne.konto().string();
-    constexpr off_t satz = 35 * Kontodatei::Satzlaenge;
+    constexpr off_t satz = 35 * Kontodatei::Satzlänge;
     constexpr std::size_t double_mit_marke = 10;
     for (auto _ : state) {
-        std::array<char, Kontodatei::Satzlaenge> bytes{};
+        std::array<char, Kontodatei::Satzlänge> bytes{};
         const int datei = ::open(pfad.c_str(), O_RDWR | O_CLOEXEC);
         if (datei < 0 || ::pread(datei, bytes.data(), bytes.size(), satz) < 0 ||
             ::pwrite(datei, bytes.data(), double_mit_marke, satz) < 0)

@@ -55,10 +55,10 @@ void Tastaturbild::leuchten(const std::wstring& zeichen, std::wstring_view schri
     lblAKtuell.setFontName(schrift);
     lblAKtuell.setCaption(zeichen);
     lblAKtuell.repaint();
-    const int nummer = zeichen.size() == 1 ? tasteFuer(zeichen.front()) : 0;
+    const int nummer = zeichen.size() == 1 ? tasteFür(zeichen.front()) : 0;
     if (nummer == 0)
         return;
-    for (const int finger : fingerFuer(nummer))
+    for (const int finger : fingerFür(nummer))
         imgFinger(finger).show();
     umrahmen(taste(nummer));
 }
@@ -93,7 +93,7 @@ void Tastaturbild::zeichenAufFinger() {
 }
 
 void Tastaturbild::TastenLeuchten(int zeichencode, bool klick) {
-    const int nummer = tasteFuerZeichencode(static_cast<wchar_t>(zeichencode));
+    const int nummer = tasteFürZeichencode(static_cast<wchar_t>(zeichencode));
     if (nummer == 0)
         return;
     if (klick)
@@ -102,7 +102,7 @@ void Tastaturbild::TastenLeuchten(int zeichencode, bool klick) {
 }
 
 void Tastaturbild::TastenLeuchten2(int tastencode) {
-    const std::vector<int> nummern = tastenFuerTastencode(tastencode);
+    const std::vector<int> nummern = tastenFürTastencode(tastencode);
     if (!nummern.empty())
         Tastenblitz(nummern);
 }

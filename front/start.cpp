@@ -29,7 +29,7 @@ void frmStart::Form_Activate() {
     }
     global.Programmpfad = dienste.shell.programFolder() + L"\\";
     global.Datenpfad = DatenablageLesen(dienste);
-    if (!zulaessigeDatenablage(dienste.files, global.Datenpfad)) {
+    if (!zulässigeDatenablage(dienste.files, global.Datenpfad)) {
         datenablageAblehnen(umgebung_, L"eingestellte", global.Datenpfad);
         ablauf.unload(*this);
         ablauf.unload(formname::frmTemp);

@@ -44,7 +44,7 @@ std::optional<Kurskonto> kurskontoLesen(Files& dateien, const std::wstring& pfad
 
 /// What keeps a child from the stage of an account that was read.
 Hindernis hindernisBei(const Kurskonto& konto, const Lektion& lektion) {
-    if (lektion.vollstaendig())
+    if (lektion.vollständig())
         return Hindernis::keines;
     return konto.Lektionsnummer > Lektionenzahl ? Hindernis::kursZuEnde : Hindernis::keinText;
 }

@@ -32,13 +32,13 @@ std::wstring DatenablageLesen(Services& dienste) {
     return mitBackslash(dienste.files.entered(wert));
 }
 
-bool zulaessigeDatenablage(Files& dateien, const std::wstring& ordner) {
+bool zulässigeDatenablage(Files& dateien, const std::wstring& ordner) {
     constexpr std::array marken{L"Gruppen\\kme.ein", L"Data\\Tastatur\\Lektion1.bmp",
                                 L"Data\\Texte\\Text_001.txt"};
-    constexpr std::size_t kuerzester = 4;
+    constexpr std::size_t kürzester = 4;
     return std::ranges::all_of(
                marken, [&](const wchar_t* marke) { return DateiVorhanden(dateien, ordner + marke); }) &&
-           ordner.size() >= kuerzester && dateien.folderExists(ordner);
+           ordner.size() >= kürzester && dateien.folderExists(ordner);
 }
 
 bool schreibprobe(Files& dateien, const std::wstring& ordner) {

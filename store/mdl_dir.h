@@ -21,7 +21,7 @@ std::wstring DatenablageLesen(Services& dienste);
 
 /// Whether a folder, given with its closing backslash, can be the data folder: the three marker files, four
 /// characters at the least, and a directory.
-bool zulaessigeDatenablage(Files& dateien, const std::wstring& ordner);
+bool zulässigeDatenablage(Files& dateien, const std::wstring& ordner);
 
 /// Writes the test file of start-up, `lzf75.tst`, into the data folder; it stays behind. False if the folder
 /// cannot be written.

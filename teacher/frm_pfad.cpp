@@ -59,7 +59,7 @@ void frmPfad::cmdNeuerPfad_Click() {
     Files& dateien = umgebung_.dateien();
     const std::wstring neu = mitBackslash(dateien.entered(txtPfadNeu.text()));
     txtPfadNeu.setText(gezeigt(neu));
-    if (!zulaessigeDatenablage(dateien, neu)) {
+    if (!zulässigeDatenablage(dateien, neu)) {
         datenablageAblehnen(umgebung_, L"angegebene", neu);
         return;
     }
@@ -69,9 +69,8 @@ void frmPfad::cmdNeuerPfad_Click() {
 }
 
 void frmPfad::OrdnerÜbernehmen() {
-    const RegistryStatus status =
-        RegistrySchreiben(umgebung_.dienste().registry, Maschine, Programmschluessel, L"Datenablage",
-                          umgebung_.global.Datenpfad, true, true);
+    const RegistryStatus status = RegistrySchreiben(umgebung_.dienste().registry, Maschine, Programmschlüssel,
+                                                    L"Datenablage", umgebung_.global.Datenpfad, true, true);
     if (status == RegistryStatus::success)
         runtime().message(
             {.text = L"Der neue Ordner für die Datenablage wurde erfolgreich in KLOPFMEISE eingebunden. "

@@ -104,7 +104,7 @@ Wert Bühne::satz(Kontosatz satz) { return Kontodatei(echteDateien, logikpfad(ko
 
 std::string Bühne::slot(int nummer, std::size_t bytes) {
     const std::string inhalt = dateiinhalt(konto());
-    const auto anfang = static_cast<std::size_t>(nummer - 1) * Kontodatei::Satzlaenge;
+    const auto anfang = static_cast<std::size_t>(nummer - 1) * Kontodatei::Satzlänge;
     return anfang < inhalt.size() ? inhalt.substr(anfang, bytes) : std::string();
 }
 

@@ -11,7 +11,7 @@ namespace {
 
 using std::string_literals::operator""s;
 
-class Fliesstext : public ::testing::Test {
+class Fließtext : public ::testing::Test {
 protected:
     Bühne b;
 
@@ -34,7 +34,7 @@ protected:
     std::wstring letzterKlang() { return b.sound.played.empty() ? L"" : b.sound.played.back(); }
 };
 
-TEST_F(Fliesstext, LinesBreakBehindTheLastBlankAndHold63Cells) {
+TEST_F(Fließtext, LinesBreakBehindTheLastBlankAndHold63Cells) {
     // 60 letters, a blank, a word that would reach the margin.
     öffnen(std::string(60, 'a') + " bcde f");
     EXPECT_EQ(zelle(1).left(), 165);
@@ -56,7 +56,17 @@ TEST_F(Fliesstext, LinesBreakBehindTheLastBlankAndHold63Cells) {
     EXPECT_EQ(platz(4 + 62).right(), 10560);
 }
 
-TEST_F(Fliesstext, AWrongKeyLocksUntilItIsTakenBack) {
+TEST_F(Fließtext, TheCellOfALineEndNeedsItsPlaceInTheLineToo) {
+    // 58 letters, a blank and a word that ends in cell 63: its line end would be the 64th.
+    textÖffnen("{\\rtf1\\ansi " + std::string(58, 'a') + " bcde\\par f}");
+    EXPECT_EQ(zelle(59).place(), (Rect{165 + 58 * 165, 105, 165, 330}));
+    EXPECT_EQ(zelle(60).place(), (Rect{165, 445, 165, 330}));
+    EXPECT_EQ(zelle(64).font().name, wingdings);
+    EXPECT_EQ(zelle(64).place(), (Rect{165 + 4 * 165, 445, 165, 330}));
+    EXPECT_EQ(zelle(66).top(), 785);
+}
+
+TEST_F(Fließtext, AWrongKeyLocksUntilItIsTakenBack) {
     öffnen("abc");
     b.user.type(L"x");
     EXPECT_EQ(b.caption(L"lblFehler"), L"0");
@@ -87,7 +97,7 @@ TEST_F(Fliesstext, AWrongKeyLocksUntilItIsTakenBack) {
     EXPECT_EQ(b.slot(33, 4), "\x02\x00\x02\x00"s);
 }
 
-TEST_F(Fliesstext, RunsCountWithTheirErrorsAndTheLastStageLeadsToTheNextLesson) {
+TEST_F(Fließtext, RunsCountWithTheirErrorsAndTheLastStageLeadsToTheNextLesson) {
     b.satz(Kontosatz::Stufennummer, std::int16_t{2});
     öffnen("egal", 3);
     for (int lauf = 1; lauf <= 3; ++lauf) {
@@ -102,7 +112,7 @@ TEST_F(Fliesstext, RunsCountWithTheirErrorsAndTheLastStageLeadsToTheNextLesson) 
     EXPECT_LT(zahlAus(b.satz(Kontosatz::Genauigkeit)).value_or(100), 100);
 }
 
-TEST_F(Fliesstext, TheCountdownWarnsBlinksAndStopsTheRun) {
+TEST_F(Fließtext, TheCountdownWarnsBlinksAndStopsTheRun) {
     b.satz(Kontosatz::Zeitmodus, std::int16_t{1});
     b.satz(Kontosatz::Tempowert, std::int16_t{3});
     öffnen(std::string(55, 'a'), 2);
@@ -135,7 +145,7 @@ TEST_F(Fliesstext, TheCountdownWarnsBlinksAndStopsTheRun) {
     EXPECT_EQ(pos(), 1);
 }
 
-TEST_F(Fliesstext, TheTextScrollsByLinesBothWaysAndTheCursorStandsStillWithoutTime) {
+TEST_F(Fließtext, TheTextScrollsByLinesBothWaysAndTheCursorStandsStillWithoutTime) {
     std::string text;
     for (int i = 0; i < 6; ++i)
         text += std::string(62, static_cast<char>('a' + i)) + " ";
@@ -154,7 +164,7 @@ TEST_F(Fliesstext, TheTextScrollsByLinesBothWaysAndTheCursorStandsStillWithoutTi
     EXPECT_EQ(zelle(pos()).back(), colors::midGrey);
 }
 
-TEST_F(Fliesstext, LineEndsAreTypedWithEnterAndTheCursorStepsOverTheLineFeed) {
+TEST_F(Fließtext, LineEndsAreTypedWithEnterAndTheCursorStepsOverTheLineFeed) {
     textÖffnen("{\\rtf1\\ansi al\\par lo\\par}");
     EXPECT_EQ(b.caption(L"LblBib", 2), L"Text_001.txt");
     EXPECT_EQ(zelle(3).caption(), L"l");
@@ -180,7 +190,7 @@ TEST_F(Fliesstext, LineEndsAreTypedWithEnterAndTheCursorStepsOverTheLineFeed) {
     EXPECT_TRUE(b.runtime.loaded(L"HilfeFehlerbericht"));
 }
 
-TEST_F(Fliesstext, ThreeTextsCountAndTheirAverageIsAStringFirstThenANumber) {
+TEST_F(Fließtext, ThreeTextsCountAndTheirAverageIsAStringFirstThenANumber) {
     textÖffnen("0123456789");
     // 11 cells (the closing one included) in so many seconds give 120, 100 and 100 keystrokes a minute by
     // Int(60 * Pos / s).
@@ -221,7 +231,7 @@ TEST_F(Fliesstext, ThreeTextsCountAndTheirAverageIsAStringFirstThenANumber) {
     EXPECT_EQ(b.satz(Kontosatz::TexteGesamt), Wert{std::int16_t{3}});
 }
 
-TEST_F(Fliesstext, WithoutATextThereIsOneClosingCellAndNoKeyIsRight) {
+TEST_F(Fließtext, WithoutATextThereIsOneClosingCellAndNoKeyIsRight) {
     std::filesystem::remove(b.daten() / "Data" / "Texte" / "Text_001.txt");
     b.öffnen(L"Textübung0");
     EXPECT_EQ(pos(), 1);
@@ -230,7 +240,7 @@ TEST_F(Fliesstext, WithoutATextThereIsOneClosingCellAndNoKeyIsRight) {
     EXPECT_EQ(b.satz(Kontosatz::TexteGesamt), Wert{std::int16_t{0}});
 }
 
-TEST_F(Fliesstext, TheKeyGateOfTextTypingOpensWithTheFirstKeyUp) {
+TEST_F(Fließtext, TheKeyGateOfTextTypingOpensWithTheFirstKeyUp) {
     textÖffnen("abc");
     const double vorher = b.clock.seconds();
     b.user.keyDown(16);

@@ -34,8 +34,8 @@ void textPasst(const Label& label, const std::wstring& name) {
     EXPECT_LE(zeilen * metricsOf(label.font()).lineHeight, label.height() + 15) << toUtf8(name);
 }
 
-void pruefen(const Container& container, int breite, int höhe, const std::wstring& form,
-             std::set<std::wstring>& namen) {
+void prüfen(const Container& container, int breite, int höhe, const std::wstring& form,
+            std::set<std::wstring>& namen) {
     for (std::size_t i = 0; i < container.controlCount(); ++i) {
         Control& control = container.control(i);
         const std::wstring name = form + L"." + control.fullName();
@@ -58,7 +58,7 @@ void pruefen(const Container& container, int breite, int höhe, const std::wstri
             EXPECT_FALSE(control.spokenName().empty()) << "nothing to read out: " << toUtf8(name);
         }
         if (const auto* innerer = dynamic_cast<const Container*>(&control))
-            pruefen(*innerer, control.width(), control.height(), form, namen);
+            prüfen(*innerer, control.width(), control.height(), form, namen);
     }
 }
 
@@ -77,7 +77,7 @@ TEST(Formen, EachLoadsAndItsControlsAreNamedOnceInsideTheirContainerAndTheirText
             EXPECT_TRUE(zeichnungDa(form->look().picture)) << toUtf8(name);
         }
         std::set<std::wstring> namen;
-        pruefen(*form, form->width(), form->height(), std::wstring(name), namen);
+        prüfen(*form, form->width(), form->height(), std::wstring(name), namen);
     }
 }
 
