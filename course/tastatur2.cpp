@@ -105,6 +105,7 @@ void Tastatur2::richtigeTaste() {
 }
 
 void Tastatur2::falscheTaste() {
+    // Before the error is counted, other than on Tastatur1: here it enters the figure with the next key.
     tasteWerten();
     umgebung_.klang(L"falsch.wav");
     ++Fehlerzahl;

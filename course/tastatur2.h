@@ -55,16 +55,8 @@ private:
     Tastensperre sperre_;
 
     Tastaturbild bild_{*this, umgebung_, 6495};
-    Textfenster text_{*this,
-                      bild_,
-                      660,
-                      {.down =
-                           [this](int tastencode) {
-                               if (sperre_.durchlassen())
-                                   bild_.TastenLeuchten2(tastencode);
-                           },
-                       .press = [this](KeyPress& taste) { Picture1_KeyPress(taste.code); },
-                       .up = [this] { sperre_.loslassen(); }}};
+    Textfenster text_{*this, bild_, sperre_, 660,
+                      [this](int zeichencode) { Picture1_KeyPress(zeichencode); }};
 
     Picture imgUhr{*this, L"imgUhr", {5670, 4410, 720, 720}, {.picture = L"uhr", .spoken = L"Uhr"}};
     Label lblZeit{

@@ -7,12 +7,25 @@ namespace klopfmeise {
 namespace {
 constexpr wchar_t zeilenvorschub = 10;
 constexpr std::wstring_view zeilenendmarke = L"l";
+
+KeyHandlers tasten(Tastaturbild& bild, Tastensperre& sperre, std::function<void(int)> zeichen) {
+    return {.down =
+                [&](int tastencode) {
+                    if (sperre.durchlassen())
+                        bild.TastenLeuchten2(tastencode);
+                },
+            .press = [zeichen = std::move(zeichen)](KeyPress& taste) { zeichen(taste.code); },
+            .up = [&] { sperre.loslassen(); }};
+}
+
 } // namespace
 
-Textfenster::Textfenster(Form& form, Tastaturbild& bild, int links, KeyHandlers tasten)
+Textfenster::Textfenster(Form& form, Tastaturbild& bild, Tastensperre& sperre, int links,
+                         std::function<void(int zeichencode)> zeichen)
     : bild_(bild)
     , lblFärbung(form, L"lblFärbung", {links - 30, 6165, 10890, 1650}, {.back = colors::black}, 1)
-    , Picture1(form, L"Picture1", {links, 6195, 10830, 1590}, {.toolTip = L"", .keys = std::move(tasten)})
+    , Picture1(form, L"Picture1", {links, 6195, 10830, 1590},
+               {.toolTip = L"", .keys = tasten(bild, sperre, std::move(zeichen))})
     , Text1(form, L"Text1", {0, 0, 600, 300}, {.visible = false})
     , lbl(
           Picture1, L"lbl", 0, 0,

@@ -6,6 +6,7 @@
 #include "platform/controls/rich_text_box.h"
 #include "platform/controls/windowed.h"
 
+#include <functional>
 #include <string>
 
 namespace klopfmeise {
@@ -20,8 +21,10 @@ public:
     static constexpr Color Cursorfarbe = colors::midGrey;
     static constexpr Color Blinkfarbe = colors::panel;
 
-    /// `links` is the left edge of Picture1; the black frame stands 30 twips beyond it.
-    Textfenster(Form& form, Tastaturbild& bild, int links, KeyHandlers tasten);
+    /// `links` is the left edge of Picture1; the black frame stands 30 twips beyond it. A key-down that the
+    /// gate lets through flashes; a character goes to `zeichen`.
+    Textfenster(Form& form, Tastaturbild& bild, Tastensperre& sperre, int links,
+                std::function<void(int zeichencode)> zeichen);
 
     /// Lays out the text of Text1 and puts the cursor on its first cell. Lines break behind the last blank
     /// before the margin; a word wider than a line is broken at the margin.

@@ -48,16 +48,8 @@ private:
     Tastensperre sperre_{.TasteFrei = false};
 
     Tastaturbild bild_{*this, umgebung_};
-    Textfenster text_{*this,
-                      bild_,
-                      555,
-                      {.down =
-                           [this](int tastencode) {
-                               if (sperre_.durchlassen())
-                                   bild_.TastenLeuchten2(tastencode);
-                           },
-                       .press = [this](KeyPress& taste) { Picture1_KeyPress(taste.code); },
-                       .up = [this] { sperre_.loslassen(); }}};
+    Textfenster text_{*this, bild_, sperre_, 555,
+                      [this](int zeichencode) { Picture1_KeyPress(zeichencode); }};
 
     Label LblBib{*this,
                  L"LblBib",

@@ -93,6 +93,11 @@ TEST(Ausfall, TheFolderGoesAwayInMidStageAndComesBack) {
     b.user.type(L" f\r");
     EXPECT_EQ(b.aktiv(), L"Tastatur0");
     EXPECT_TRUE(b.caption(L"lblHinweisName").starts_with(L"Dein Konto kann gerade nicht gelesen werden."));
+    // No figure is made of what could not be read, and no lesson is shown.
+    EXPECT_EQ(b.caption(L"LblLektion"), L"Lektion –");
+    EXPECT_EQ(b.caption(L"lblGenauigkeit"), L"–");
+    b.user.click(L"imgAbbildung");
+    EXPECT_EQ(b.aktiv(), L"Tastatur0");
     b.user.type(L' ');
     b.user.click(L"imgEnde");
     EXPECT_EQ(b.aktiv(), L"Lern1");
