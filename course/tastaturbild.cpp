@@ -57,10 +57,10 @@ void Tastaturbild::leuchten(const std::wstring& zeichen, std::wstring_view schri
     lblAKtuell.setFontName(schrift);
     lblAKtuell.setCaption(zeichen);
     lblAKtuell.repaint();
-    const int nummer = zeichen.size() == 1 ? tasteFuer(zeichen.front()) : 0;
+    const int nummer = zeichen.size() == 1 ? tasteFür(zeichen.front()) : 0;
     if (nummer == 0)
         return;
-    for (const int finger : fingerFuer(nummer))
+    for (const int finger : fingerFür(nummer))
         imgFinger(finger).show();
     umrahmen(taste(nummer));
 }
@@ -95,7 +95,7 @@ void Tastaturbild::zeichenAufFinger() {
 }
 
 void Tastaturbild::TastenLeuchten(const KeyPress& taste, bool klick) {
-    const int nummer = tasteFuerZeichencode(taste.character);
+    const int nummer = tasteFürZeichencode(taste.character);
     if (nummer == 0)
         return;
     if (klick)
@@ -106,7 +106,7 @@ void Tastaturbild::TastenLeuchten(const KeyPress& taste, bool klick) {
 void Tastaturbild::TastenLeuchten2(const KeyDown& taste) {
     std::vector<int> nummern;
     for (const int code : taste.codes)
-        std::ranges::copy(tastenFuerTastencode(code), std::back_inserter(nummern));
+        std::ranges::copy(tastenFürTastencode(code), std::back_inserter(nummern));
     if (!nummern.empty())
         Tastenblitz(nummern);
 }

@@ -7,6 +7,7 @@
 #include "platform/controls/panels.h"
 #include "platform/controls/rich_text_box.h"
 
+#include <functional>
 #include <string>
 
 namespace klopfmeise {
@@ -21,8 +22,10 @@ public:
     static constexpr Color Cursorfarbe = colors::midGrey;
     static constexpr Color Blinkfarbe = colors::panel;
 
-    /// `links` is the left edge of Picture1; the black frame stands 30 twips beyond it.
-    Textfenster(Form& form, const Umgebung& umgebung, Tastaturbild& bild, int links, KeyHandlers tasten);
+    /// `links` is the left edge of Picture1; the black frame stands 30 twips beyond it. A key-down that the
+    /// gate lets through flashes; a character goes to `zeichen`.
+    Textfenster(Form& form, Tastaturbild& bild, Tastensperre& sperre, int links,
+                std::function<void(const KeyPress&)> zeichen);
 
     /// Lays out the text of Text1 and puts the cursor on its first cell. Lines break behind the last blank
     /// before the margin; a word wider than a line is broken at the margin.
@@ -66,7 +69,6 @@ private:
     void zeilenanfang(int i, int links);
     void weiter();
 
-    Umgebung umgebung_;
     Tastaturbild& bild_;
 
     Label lblFärbung;

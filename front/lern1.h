@@ -56,7 +56,7 @@ private:
 
     Umgebung umgebung_;
 
-    Fusszeile fuss_{*this};
+    Fußzeile fuß_{*this};
     FolderList Dir1{*this, L"Dir1", {0, 0, 1200, 600}, {.visible = false}};
 
     static constexpr Rect Rahmenplatz{2205, 2520, 7470, 4530};

@@ -27,6 +27,16 @@ TEST_F(Textlauf, LinesBreakBehindTheLastBlankAndHold63Cells) {
     EXPECT_EQ(platz(4 + 62).right(), 10560);
 }
 
+TEST_F(Textlauf, TheCellOfALineEndNeedsItsPlaceInTheLineToo) {
+    // 58 letters, a blank and a word that ends in cell 63: its line end would be the 64th.
+    textÖffnen("{\\rtf1\\ansi " + std::string(58, 'a') + " bcde\\par f}");
+    EXPECT_EQ(zelle(59).place(), (Rect{165 + 58 * 165, 105, 165, 330}));
+    EXPECT_EQ(zelle(60).place(), (Rect{165, 445, 165, 330}));
+    EXPECT_EQ(zelle(64).font().name, wingdings);
+    EXPECT_EQ(zelle(64).place(), (Rect{165 + 4 * 165, 445, 165, 330}));
+    EXPECT_EQ(zelle(66).top(), 785);
+}
+
 TEST_F(Textlauf, TheTextScrollsByLinesBothWaysAndTheCursorStandsStillWithoutTime) {
     std::string text;
     for (int i = 0; i < 6; ++i)

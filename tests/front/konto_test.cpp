@@ -49,6 +49,19 @@ TEST(Kontoansicht, ShowsTheAccountAlikeFromBothSidesAndChangesNoByte) {
         b.user.close(*b.runtime.active());
     }
     EXPECT_EQ(dateiinhalt(b.konto()), vorher);
+
+    // An account that cannot be read is not an empty one.
+    std::filesystem::remove(b.konto());
+    std::filesystem::create_directory(b.konto());
+    b.runtime.show(L"Konto");
+    zeigt(std::vector<std::wstring>(8, L"–"));
+    EXPECT_TRUE(b.control<Label>(L"lblUnlesbar").visible());
+    EXPECT_EQ(b.caption(L"lblUnlesbar"), L"Das Konto kann gerade nicht gelesen werden.");
+    b.user.close(*b.runtime.active());
+    std::filesystem::remove(b.konto());
+    b.runtime.show(L"Konto");
+    zeigt({L"1", L"1", L"100,00 %", L"0", L"0", L"0", L"0", L"0"});
+    EXPECT_FALSE(b.control<Label>(L"lblUnlesbar").visible());
 }
 
 } // namespace

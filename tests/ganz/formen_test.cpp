@@ -33,8 +33,8 @@ void textPasst(const Label& label, const std::wstring& name) {
     EXPECT_LE(zeilen * metricsOf(label.font()).lineHeight, label.height() + 15) << toUtf8(name);
 }
 
-void pruefen(const Container& container, int breite, int höhe, const std::wstring& form,
-             std::set<std::wstring>& namen) {
+void prüfen(const Container& container, int breite, int höhe, const std::wstring& form,
+            std::set<std::wstring>& namen) {
     for (std::size_t i = 0; i < container.controlCount(); ++i) {
         Control& control = container.control(i);
         const std::wstring name = form + L"." + control.fullName();
@@ -57,7 +57,7 @@ void pruefen(const Container& container, int breite, int höhe, const std::wstri
             EXPECT_FALSE(control.spokenName().empty()) << "nothing to read out: " << toUtf8(name);
         }
         if (const Container* innerer = control.asContainer())
-            pruefen(*innerer, control.width(), control.height(), form, namen);
+            prüfen(*innerer, control.width(), control.height(), form, namen);
     }
 }
 
@@ -76,7 +76,7 @@ TEST(Formen, EachLoadsAndItsControlsAreNamedOnceInsideTheirContainerAndTheirText
             EXPECT_TRUE(zeichnungDa(form->look().picture)) << toUtf8(name);
         }
         std::set<std::wstring> namen;
-        pruefen(*form, form->width(), form->height(), std::wstring(name), namen);
+        prüfen(*form, form->width(), form->height(), std::wstring(name), namen);
     }
 }
 
@@ -85,7 +85,7 @@ TEST(Formen, EverySoundAndPictureThatTheCodeNamesIsThere) {
     const std::regex bild("L\"((?:knopf|uebung|hintergrund|einst)_[a-z0-9_]+)\"");
     int klänge = 0;
     int bilder = 0;
-    for (const char* raum : {"front", "course", "teacher"}) {
+    for (const char* raum : {"screens", "front", "course", "teacher"}) {
         for (const auto& eintrag : fs::directory_iterator(fs::path(KLOPFMEISE_QUELLEN) / raum)) {
             const std::string quelle = dateiinhalt(eintrag.path());
             for (std::sregex_iterator it(quelle.begin(), quelle.end(), klang), ende; it != ende;

@@ -14,14 +14,14 @@ TEST(mdlDir, FindsMarkersWithoutRegardToCaseAndRefusesARoot) {
     dateiSchreiben(ordner.pfad() / "Data" / "Tastatur" / "lektion1.bmp", "x");
     dateiSchreiben(ordner.pfad() / "Data" / "Texte" / "Text_001.txt", "x");
     const std::wstring pfad = logikpfad(ordner.pfad()) + L"\\";
-    EXPECT_TRUE(zulaessigeDatenablage(dateien, pfad));
+    EXPECT_TRUE(zulässigeDatenablage(dateien, pfad));
     EXPECT_FALSE(DateiVorhanden(dateien, pfad + L"Gruppen"));
     EXPECT_FALSE(DateiVorhanden(dateien, pfad + L"Gruppen\\kme"));
     EXPECT_EQ(DateiName(L"a\\b\\c.txt"), L"c.txt");
     EXPECT_EQ(DateiName(L"c.txt"), L"c.txt");
     std::filesystem::remove(ordner.pfad() / "gruppen" / "KME.EIN");
-    EXPECT_FALSE(zulaessigeDatenablage(dateien, pfad));
-    EXPECT_FALSE(zulaessigeDatenablage(dateien, L"\\"));
+    EXPECT_FALSE(zulässigeDatenablage(dateien, pfad));
+    EXPECT_FALSE(zulässigeDatenablage(dateien, L"\\"));
 }
 
 TEST(mdlDir, BothFormsOfAStoredPathGiveTheSameFolder) {

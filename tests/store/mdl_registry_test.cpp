@@ -11,11 +11,11 @@ class Registrierung : public ::testing::Test {
 protected:
     RegistryStatus schreiben(std::wstring_view name, const Wert& wert, bool mehrzeilig = true,
                              bool anlegen = true) {
-        return RegistrySchreiben(registry, Maschine, Programmschluessel, name, wert, mehrzeilig, anlegen);
+        return RegistrySchreiben(registry, Maschine, Programmschlüssel, name, wert, mehrzeilig, anlegen);
     }
     Wert lesen(std::wstring_view name) {
         Wert wert;
-        EXPECT_EQ(RegistryLesen(registry, Maschine, Programmschluessel, name, wert), RegistryStatus::success);
+        EXPECT_EQ(RegistryLesen(registry, Maschine, Programmschlüssel, name, wert), RegistryStatus::success);
         return wert;
     }
 
@@ -25,10 +25,10 @@ protected:
 };
 
 TEST_F(Registrierung, EachKindOfValueIsWrittenAsItsTypeAndComesBack) {
-    EXPECT_EQ(RegistrySchluesselDa(registry, Maschine, Programmschluessel), RegistryStatus::fileNotFound);
+    EXPECT_EQ(RegistrySchluesselDa(registry, Maschine, Programmschlüssel), RegistryStatus::fileNotFound);
     EXPECT_EQ(schreiben(L"Pin", L"1", true, false), RegistryStatus::fileNotFound);
     EXPECT_EQ(schreiben(L"Pin", L"8ß15"), RegistryStatus::success);
-    EXPECT_EQ(RegistrySchluesselDa(registry, Maschine, Programmschluessel), RegistryStatus::success);
+    EXPECT_EQ(RegistrySchluesselDa(registry, Maschine, Programmschlüssel), RegistryStatus::success);
     EXPECT_EQ(RegistryText(registry, L"Pin"), L"8ß15");
     EXPECT_EQ(RegistryText(registry, L"pin"), L"8ß15");
 
@@ -48,7 +48,7 @@ TEST_F(Registrierung, StoredBytesComeWithTheirTerminatorAndAMissingValueLeavesTh
     EXPECT_EQ(RegistryText(registry, L"Pin"), std::wstring(L"7294\0", 5));
     EXPECT_EQ(RegistryText(registry, L"Zahl"), L"");
     Wert ziel{std::int16_t{7}};
-    EXPECT_EQ(RegistryLesen(registry, Maschine, Programmschluessel, L"Fehlt", ziel),
+    EXPECT_EQ(RegistryLesen(registry, Maschine, Programmschlüssel, L"Fehlt", ziel),
               RegistryStatus::fileNotFound);
     EXPECT_EQ(ziel, Wert{std::int16_t{7}});
 }
