@@ -8,6 +8,7 @@
 #include "front/konto.h"
 #include "front/lern1.h"
 #include "front/start.h"
+#include "screens/formnamen.h"
 #include "teacher/frm_abbildung.h"
 #include "teacher/frm_pfad.h"
 
@@ -23,18 +24,18 @@ void eintragen(const Umgebung& umgebung, std::wstring_view name) {
 } // namespace
 
 void formenEintragen(const Umgebung& umgebung) {
-    eintragen<frmStart>(umgebung, L"frmStart");
-    eintragen<frmTemp>(umgebung, L"frmTemp");
-    eintragen<Lern1>(umgebung, L"Lern1");
-    eintragen<Tastatur0>(umgebung, L"Tastatur0");
-    eintragen<Tastatur1>(umgebung, L"Tastatur1");
-    eintragen<Tastatur2>(umgebung, L"Tastatur2");
-    eintragen<Textübung0>(umgebung, L"Textübung0");
-    eintragen<Hilfe>(umgebung, L"Hilfe");
-    eintragen<HilfeFehlerbericht>(umgebung, L"HilfeFehlerbericht");
-    eintragen<Konto>(umgebung, L"Konto");
-    eintragen<frmAbbildung>(umgebung, L"frmAbbildung");
-    eintragen<frmPfad>(umgebung, L"frmPfad");
+    eintragen<frmStart>(umgebung, formname::frmStart);
+    eintragen<frmTemp>(umgebung, formname::frmTemp);
+    eintragen<Lern1>(umgebung, formname::Lern1);
+    eintragen<Tastatur0>(umgebung, formname::Tastatur0);
+    eintragen<Tastatur1>(umgebung, formname::Tastatur1);
+    eintragen<Tastatur2>(umgebung, formname::Tastatur2);
+    eintragen<Textübung0>(umgebung, formname::Textübung0);
+    eintragen<Hilfe>(umgebung, formname::Hilfe);
+    eintragen<HilfeFehlerbericht>(umgebung, formname::HilfeFehlerbericht);
+    eintragen<Konto>(umgebung, formname::Konto);
+    eintragen<frmAbbildung>(umgebung, formname::frmAbbildung);
+    eintragen<frmPfad>(umgebung, formname::frmPfad);
 }
 
 } // namespace klopfmeise

@@ -5,6 +5,7 @@
 #include "platform/qt/late_sound.h"
 #include "platform/qt/qt_backend.h"
 #include "platform/qt/qt_shell.h"
+#include "screens/formnamen.h"
 #include "screens/umgebung.h"
 
 using namespace klopfmeise;
@@ -22,6 +23,6 @@ int main(int argc, char* argv[]) {
     backend.setRuntime(runtime);
     Globale global;
     formenEintragen({runtime, global});
-    runtime.show(L"frmStart");
+    runtime.show(formname::frmStart);
     return backend.run();
 }

@@ -2,9 +2,9 @@
 // so that the ratio of the two says something on any machine.
 
 #include "bench/fliesstext.h"
-#include "course/genauigkeit.h"
 #include "course/textfenster.h"
 #include "platform/machine/posix_files.h"
+#include "store/genauigkeit.h"
 #include "tests/buehne.h"
 
 #include <benchmark/benchmark.h>
@@ -46,22 +46,22 @@ VolleSchule& volleSchule() {
 // One key writes the child's accuracy.
 
 void konto(benchmark::State& state) {
-    const Bühne bühne;
+    Bühne bühne;
     PosixFiles dateien;
-    const std::wstring pfad = logikpfad(bühne.konto());
+    bühne.kindWählen();
     int pos = 0;
     for (auto _ : state)
-        benchmark::DoNotOptimize(genauigkeitFortschreiben(dateien, pfad, {3, ++pos % 50 + 1, 1}));
+        benchmark::DoNotOptimize(genauigkeitFortschreiben(dateien, bühne.global, {3, ++pos % 50 + 1, 1}));
 }
 BENCHMARK(konto);
 
 void kontoNurSystemaufrufe(benchmark::State& state) {
     const Bühne bühne;
     const std::string pfad = bühne.konto().string();
-    constexpr off_t satz = 35 * Kontodatei::Satzlaenge;
+    constexpr off_t satz = 35 * Kontodatei::Satzlänge;
     constexpr std::size_t double_mit_marke = 10;
     for (auto _ : state) {
-        std::array<char, Kontodatei::Satzlaenge> bytes{};
+        std::array<char, Kontodatei::Satzlänge> bytes{};
         const int datei = ::open(pfad.c_str(), O_RDWR | O_CLOEXEC);
         if (datei < 0 || ::pread(datei, bytes.data(), bytes.size(), satz) < 0 ||
             ::pwrite(datei, bytes.data(), double_mit_marke, satz) < 0)
@@ -132,10 +132,11 @@ public:
     explicit Textprobe(const Umgebung& umgebung)
         : Form(umgebung.runtime, L"Textprobe", {})
         , bild_(*this, umgebung)
-        , text(*this, umgebung, bild_, 660, {}) {}
+        , text(*this, bild_, sperre_, 660, [](const KeyPress&) {}) {}
 
 private:
     Tastaturbild bild_;
+    Tastensperre sperre_;
 
 public:
     Textfenster text;

@@ -1,9 +1,11 @@
 #pragma once
 
-#include "platform/controls/windowed.h"
+#include "platform/controls/button.h"
 #include "platform/forms/form.h"
 #include "screens/fusszeile.h"
+#include "screens/uebungen.h"
 #include "screens/umgebung.h"
+#include "store/kursplatz.h"
 
 namespace klopfmeise {
 
@@ -13,14 +15,13 @@ public:
     explicit Tastatur0(const Umgebung& umgebung);
 
     void Form_Load() override;
-    void Form_KeyPress(int zeichencode) override;
+    void Form_KeyPress(KeyPress& taste) override;
 
 private:
     void Startaufstellung();
+    void lernstandZeigen();
     void cmdNeuesSpiel_Click();
     void imgAbbildung_Click();
-    void imgHilfe_Click();
-    void imgEnde_Click();
 
     static constexpr Font groß{courier, 18, true};
     static constexpr Font mittel{courier, 14.25, true};
@@ -35,10 +36,7 @@ private:
     static ShapeLook rahmen() { return {.fill = RGB(247, 247, 244), .outline = colors::panel}; }
 
     Umgebung umgebung_;
-    int Lektionsnummer_ = 1;
-    std::wstring Lektionsart_;
-    /// True if there is a text to type, so that START leads somewhere.
-    bool bereit_ = false;
+    Kursplatz platz_;
 
     Shape Shape1_0{*this, L"Shape1", {1890, 840, 8100, 2955}, rahmen(), 0};
     Shape Shape1_1{*this, L"Shape1", {1890, 3810, 8100, 1005}, rahmen(), 1};
@@ -76,22 +74,7 @@ private:
                           .back = colors::blush,
                           .tabStop = false,
                           .click = [this] { cmdNeuesSpiel_Click(); }}};
-    Fusszeile fuss_{*this, L"Klopfmeise - Der Kurs"};
-    Picture imgHilfe{*this,
-                     L"imgHilfe",
-                     {9870, 7980, 900, 900},
-                     {.picture = L"knopf_hilfe",
-                      .pointer = Pointer::hand,
-                      .toolTip = L"Hilfe",
-                      .click = [this] { imgHilfe_Click(); }},
-                     0};
-    Picture imgEnde{*this,
-                    L"imgEnde",
-                    {10920, 7980, 900, 900},
-                    {.picture = L"knopf_ende",
-                     .pointer = Pointer::hand,
-                     .toolTip = L"Zurück zur Titelseite",
-                     .click = [this] { imgEnde_Click(); }}};
+    Übungsfuß fuß_{*this, umgebung_, {.übung = ÜbungKurs}};
 };
 
 } // namespace klopfmeise

@@ -1,11 +1,10 @@
 #include "course/tastatur1.h"
 
-#include "course/stufenabschluss.h"
 #include "platform/values/text.h"
-#include "platform/values/windows1252.h"
 #include "screens/bildwechsel.h"
-#include "store/lektionsdatei.h"
-#include "store/pfade.h"
+#include "screens/formnamen.h"
+#include "screens/zeichencodes.h"
+#include "store/genauigkeit.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,24 +13,22 @@ namespace klopfmeise {
 
 namespace {
 
-constexpr int eingabe = 13;
 /// Milliseconds that a run stopped by an error stays on the screen.
 constexpr int stopppause = 2000;
 
 } // namespace
 
 Tastatur1::Tastatur1(const Umgebung& umgebung)
-    : Form(umgebung.runtime, L"Tastatur1", {.picture = L"hintergrund_tastatur"})
+    : Form(umgebung.runtime, formname::Tastatur1, {.picture = L"hintergrund_tastatur"})
     , umgebung_(umgebung) {
     lblPosV(Zellen).setFontName(wingdings);
 }
 
 void Tastatur1::Form_Load() {
     centre();
-    fuss_.LblName.setCaption(kontoname(umgebung_.global));
-    fuss_.LblKlasse.setCaption(umgebung_.global.AktuelleKlasse);
+    fuß_.kindZeigen();
     Nullen();
-    Startaufstellung();
+    neuerLauf();
 }
 
 void Tastatur1::Nullen() {
@@ -47,24 +44,20 @@ bool Tastatur1::Startaufstellung() {
         lblPosO(i).setBack(colors::white);
     }
     bild_.fingerAus();
-    const auto gelesen = kurskontoLesen(umgebung_.dateien(), kontopfad(umgebung_.global));
-    konto_ = gelesen.value_or(Kurskonto{});
-    LblLektion.setCaption(L"Lektion " + std::to_wstring(konto_.Lektionsnummer) + L" (Stufe " +
-                          std::to_wstring(konto_.Stufennummer) + L")");
+    const Kursplatz platz = kursplatzLesen(umgebung_.dateien(), umgebung_.global);
+    // What cannot be read stays as it was read last: a stage passed a moment ago is still to be written.
+    if (platz.hindernis != Hindernis::kontoUnlesbar)
+        konto_ = platz.konto;
+    if (!platz.bereit())
+        return false;
+    Stufenzahl = *platz.lektion.Stufenzahl;
+    LblLektion.setCaption(lektionUndStufe(konto_));
     Zeitlimit = konto_.Tempowert / 10.0 * Zellen;
     lblGenau.setCaption(genauigkeitText(konto_.Genauigkeit, umgebung_.dezimalzeichen()));
     frmVorlage.setVisible(konto_.Vorlagemodus == 1);
 
-    const Lektion lektion = lektionLesen(
-        umgebung_.dateien(), lektionspfad(umgebung_.global, konto_.Lektionsnummer), konto_.Stufennummer);
-    if (!gelesen || !lektion.vollstaendig()) {
-        Bildwechsel(umgebung_, *this, L"Tastatur0");
-        return false;
-    }
-    Stufenzahl = *lektion.Stufenzahl;
-    const std::wstring& text = lektion.stufe->Stufentext;
+    const std::wstring& text = platz.lektion.stufe->Stufentext;
     Zeilenlaenge = std::min(static_cast<int>(text.size()), Zeichenplätze);
-
     for (int i = 1; i <= Zellen; ++i) {
         const bool offen = i <= Zeilenlaenge + 1;
         if (offen)
@@ -84,9 +77,13 @@ bool Tastatur1::Startaufstellung() {
     return true;
 }
 
+void Tastatur1::neuerLauf() {
+    if (!Startaufstellung())
+        zurStartseite();
+}
+
 void Tastatur1::Anzeige() {
-    lblFehler.setCaption(std::to_wstring(Fehlerzahl));
-    lblFehler.setBack(Fehlerzahl == 0 ? colors::right : colors::wrong);
+    fehlerZeigen(lblFehler, Fehlerzahl);
     lblDurchgang.setCaption(std::to_wstring(Durchgang));
     lblErfolg.setCaption(std::to_wstring(ErfolgDurchgaenge) + L" / " +
                          std::to_wstring(konto_.Durchgangszahl));
@@ -102,55 +99,54 @@ void Tastatur1::FingerLeuchten() {
     bild_.zeichenAufFinger();
 }
 
-void Tastatur1::Form_KeyDown(int tastencode) {
+void Tastatur1::Form_KeyDown(const KeyDown& taste) {
     if (sperre_.durchlassen())
-        bild_.TastenLeuchten2(tastencode);
+        bild_.TastenLeuchten2(taste);
 }
 
-void Tastatur1::Form_KeyPress(int zeichencode) {
-    bild_.TastenLeuchten(zeichencode, true);
-    const bool zeilenende = Pos == Zeilenlaenge + 1 && zeichencode == eingabe;
-    const wchar_t zeichen = fromWindows1252(static_cast<unsigned char>(zeichencode));
-    const bool richtig = Pos < Zellen && lblPosV(Pos).caption() == std::wstring(1, zeichen);
+void Tastatur1::Form_KeyPress(KeyPress& taste) {
+    bild_.TastenLeuchten(taste, true);
+    const bool zeilenende = Pos == Zeilenlaenge + 1 && taste.code == CodeEingabe;
+    const bool richtig = Pos < Zellen && lblPosV(Pos).caption() == std::wstring(1, taste.character);
     if (zeilenende || richtig)
-        richtigeTaste(zeichencode, zeilenende);
+        richtigeTaste(taste.character, zeilenende);
     else if (Pos != 1 && Pos != Zeilenlaenge + 1)
-        falscheTaste(zeichencode);
+        falscheTaste(taste.character);
 }
 
-void Tastatur1::richtigeTaste(int zeichencode, bool zeilenende) {
+void Tastatur1::richtigeTaste(wchar_t zeichen, bool zeilenende) {
     if (Pos == 1) {
         Startzeit = umgebung_.uhr().seconds();
         Timer1.setEnabled(true);
     }
-    GenauigkeitFortschreiben();
+    tasteWerten();
     if (zeilenende)
         umgebung_.klang(L"typewriterding.wav");
     lblPosO(Pos).setBack(colors::white);
-    lblPosO(Pos).setCaption(std::wstring(1, fromWindows1252(static_cast<unsigned char>(zeichencode))));
+    lblPosO(Pos).setCaption(std::wstring(1, zeichen));
     ++Pos;
     PositionsAnzeiger();
 }
 
-void Tastatur1::falscheTaste(int zeichencode) {
+void Tastatur1::falscheTaste(wchar_t zeichen) {
     lblPosO(Pos).setBack(colors::red);
     umgebung_.klang(L"falsch.wav");
     ++Fehlerzahl;
     Anzeige();
-    GenauigkeitFortschreiben();
+    tasteWerten();
     if (konto_.Fehlerstopp != 1)
         return;
-    lblPosO(Pos).setCaption(std::wstring(1, fromWindows1252(static_cast<unsigned char>(zeichencode))));
+    lblPosO(Pos).setCaption(std::wstring(1, zeichen));
     lblPosO(Pos).repaint();
     runtime().wait(stopppause);
     lblPosU(Pos).setBack(colors::white);
     Pos = 1;
     ++Durchgang;
-    Startaufstellung();
+    neuerLauf();
 }
 
-void Tastatur1::GenauigkeitFortschreiben() {
-    const auto neu = genauigkeitFortschreiben(umgebung_.dateien(), kontopfad(umgebung_.global),
+void Tastatur1::tasteWerten() {
+    const auto neu = genauigkeitFortschreiben(umgebung_.dateien(), umgebung_.global,
                                               {konto_.Lektionsnummer, Pos, Fehlerzahl});
     if (neu)
         lblGenau.setCaption(genauigkeitText(*neu, umgebung_.dezimalzeichen()));
@@ -169,10 +165,13 @@ void Tastatur1::PositionsAnzeiger() {
         if (Fehlerzahl == 0 && inZeit)
             ++ErfolgDurchgaenge;
         Anzeige();
-        if (!Startaufstellung())
-            return;
+        const bool bereit = Startaufstellung();
         if (ErfolgDurchgaenge == konto_.Durchgangszahl) {
             stufeAbschließen();
+            return;
+        }
+        if (!bereit) {
+            zurStartseite();
             return;
         }
     }
@@ -183,10 +182,12 @@ void Tastatur1::stufeAbschließen() {
     --Durchgang;
     lblDurchgang.setCaption(std::to_wstring(Durchgang));
     repaint();
-    stufeBestanden(umgebung_.dateien(), kontopfad(umgebung_.global), konto_, Stufenzahl,
-                   [this] { LblLektion.setCaption(L"Lektion " + std::to_wstring(konto_.Lektionsnummer)); });
-    Bildwechsel(umgebung_, *this, L"Tastatur0");
+    stufeBestanden(umgebung_.dateien(), umgebung_.global, konto_, Stufenzahl);
+    LblLektion.setCaption(L"Lektion " + std::to_wstring(konto_.Lektionsnummer));
+    zurStartseite();
 }
+
+void Tastatur1::zurStartseite() { Bildwechsel(umgebung_, *this, formname::Tastatur0); }
 
 void Tastatur1::Timer1_Timer() {
     if (konto_.Zeitmodus == 0)
@@ -216,10 +217,6 @@ void Tastatur1::Timer2_Timer() {
     spalte.setBack(spalte.back() == colors::black ? colors::panel : colors::black);
 }
 
-void Tastatur1::imgNeu_Click() { Bildwechsel(umgebung_, *this, L"Tastatur0"); }
-
-void Tastatur1::imgHilfe_Click() { runtime().show(L"Hilfe"); }
-
-void Tastatur1::imgEnde_Click() { Bildwechsel(umgebung_, *this, L"Lern1"); }
+void Tastatur1::imgNeu_Click() { zurStartseite(); }
 
 } // namespace klopfmeise

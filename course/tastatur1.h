@@ -1,14 +1,16 @@
 #pragma once
 
-#include "course/genauigkeit.h"
 #include "course/tastaturbild.h"
 #include "platform/controls/control_array.h"
-#include "platform/controls/windowed.h"
+#include "platform/controls/drawn.h"
+#include "platform/controls/panels.h"
 #include "platform/forms/form.h"
 #include "platform/forms/timer.h"
+#include "screens/anzeigen.h"
 #include "screens/bildknopf.h"
 #include "screens/fusszeile.h"
-#include "store/kurskonto.h"
+#include "screens/uebungen.h"
+#include "store/kursplatz.h"
 
 namespace klopfmeise {
 
@@ -19,9 +21,9 @@ public:
     explicit Tastatur1(const Umgebung& umgebung);
 
     void Form_Load() override;
-    void Form_KeyDown(int tastencode) override;
+    void Form_KeyDown(const KeyDown& taste) override;
     void Form_KeyUp() override { sperre_.loslassen(); }
-    void Form_KeyPress(int zeichencode) override;
+    void Form_KeyPress(KeyPress& taste) override;
     std::wstring spokenTarget() const override { return bild_.ziel(); }
 
 private:
@@ -30,24 +32,25 @@ private:
     static constexpr int Zeichenplätze = Zellen - 1;
 
     void Nullen();
-    /// False if there is no text to type: the start page has taken over.
+    /// False if there is no text to type.
     bool Startaufstellung();
+    /// Startaufstellung, or the start page where there is nothing to type.
+    void neuerLauf();
+    void zurStartseite();
     void PositionsAnzeiger();
     void Anzeige();
     void FingerLeuchten();
     void stufeAbschließen();
-    void GenauigkeitFortschreiben();
+    /// Carries `Genauigkeit` on by the key just typed.
+    void tasteWerten();
     void Timer1_Timer();
     void Timer2_Timer();
     void imgNeu_Click();
-    void imgHilfe_Click();
-    void imgEnde_Click();
-    void richtigeTaste(int zeichencode, bool zeilenende);
-    void falscheTaste(int zeichencode);
+    void richtigeTaste(wchar_t zeichen, bool zeilenende);
+    void falscheTaste(wchar_t zeichen);
     double verstrichen() const { return umgebung_.uhr().seconds() - Startzeit; }
 
     static constexpr Font zeilenschrift{courier, 14.25, true};
-    static LabelLook zahl() { return {.align = Align::center, .autoSize = true}; }
 
     Umgebung umgebung_;
     int Pos = 1;
@@ -118,18 +121,18 @@ private:
                      {105, 0, 3465, 330},
                      {.font = zeilenschrift, .fore = RGB(204, 102, 102), .wrap = false}};
     Label Label1_1{*this, L"Label1", {4290, 0, 1095, 240}, {.caption = L"Durchgang"}, 1};
-    Label lblDurchgang{*this, L"lblDurchgang", {4770, 210, 135, 240}, zahl()};
+    Label lblDurchgang{*this, L"lblDurchgang", {4770, 210, 135, 240}, zähler()};
     Label DurchgangFehlerfrei{
         *this, L"DurchgangFehlerfrei", {5760, 0, 2775, 240}, {.caption = L"Erfolgreiche Durchgänge"}};
-    Label lblErfolg{*this, L"lblErfolg", {6720, 210, 855, 240}, zahl()};
+    Label lblErfolg{*this, L"lblErfolg", {6720, 210, 855, 240}, zähler()};
     Label Label1_0{*this, L"Label1", {8985, 0, 735, 240}, {.caption = L"Fehler"}, 0};
-    Label lblFehler{*this, L"lblFehler", {9285, 210, 135, 240}, zahl()};
+    Label lblFehler{*this, L"lblFehler", {9285, 210, 135, 240}, zähler()};
     Label Label1_2{*this,
                    L"Label1",
                    {10050, 0, 2055, 240},
                    {.caption = L"Tipp-Genauigkeit:", .font = {courier, 9}, .wrap = false},
                    2};
-    Label lblGenau{*this, L"lblGenau", {10650, 210, 855, 240}, zahl()};
+    Label lblGenau{*this, L"lblGenau", {10650, 210, 855, 240}, zähler()};
 
     Frame frmVorlage{
         *this, L"frmVorlage", {105, 645, 11775, 6105}, {.back = colors::white, .visible = false}};
@@ -142,22 +145,11 @@ private:
                   .font = {courier, 12, true},
                   .align = Align::center}};
 
-    Fusszeile fuss_{*this, L"Klopfmeise - Der Kurs"};
-    Picture imgNeu{
-        *this,
-        L"imgNeu",
-        {8820, 7980, 900, 900},
-        bildknopf(umgebung_, L"knopf_zurueck", L"Zurück zur Startseite", [this] { imgNeu_Click(); })};
-    Picture imgHilfe{*this,
-                     L"imgHilfe",
-                     {9870, 7980, 900, 900},
-                     bildknopf(umgebung_, L"knopf_hilfe", L"Hilfe", [this] { imgHilfe_Click(); }),
-                     0};
-    Picture imgEnde{
-        *this,
-        L"imgEnde",
-        {10920, 7980, 900, 900},
-        bildknopf(umgebung_, L"knopf_ende", L"Zurück zur Titelseite", [this] { imgEnde_Click(); })};
+    Übungsfuß fuß_{*this,
+                   umgebung_,
+                   {.übung = ÜbungKurs,
+                    .neu = bildknopf(umgebung_, L"knopf_zurueck", L"Zurück zur Startseite",
+                                     [this] { imgNeu_Click(); })}};
 
     Timer Timer1{*this, L"Timer1", {.interval = 50, .enabled = false, .tick = [this] { Timer1_Timer(); }}};
     Timer Timer2{*this, L"Timer2", {.interval = 200, .tick = [this] { Timer2_Timer(); }}};

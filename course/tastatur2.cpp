@@ -1,10 +1,10 @@
 #include "course/tastatur2.h"
 
-#include "course/stufenabschluss.h"
 #include "platform/values/text.h"
 #include "screens/bildwechsel.h"
-#include "store/lektionsdatei.h"
-#include "store/pfade.h"
+#include "screens/formnamen.h"
+#include "screens/zeichencodes.h"
+#include "store/genauigkeit.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,41 +13,35 @@
 namespace klopfmeise {
 
 namespace {
-constexpr int rück = 8;
 /// Seconds left from which on the countdown warns.
 constexpr int knapp = 10;
 } // namespace
 
 Tastatur2::Tastatur2(const Umgebung& umgebung)
-    : Form(umgebung.runtime, L"Tastatur2", {.picture = L"hintergrund_tastatur"})
+    : Form(umgebung.runtime, formname::Tastatur2, {.picture = L"hintergrund_tastatur"})
     , umgebung_(umgebung) {}
 
 void Tastatur2::Form_Load() {
     centre();
-    fuss_.LblName.setCaption(kontoname(umgebung_.global));
-    fuss_.LblKlasse.setCaption(umgebung_.global.AktuelleKlasse);
+    fuß_.kindZeigen();
     text_.Picture1.setFocus();
     Nullen();
     Startaufstellung();
 }
 
 bool Tastatur2::Startaufstellung() {
-    const auto gelesen = kurskontoLesen(umgebung_.dateien(), kontopfad(umgebung_.global));
-    konto_ = gelesen.value_or(Kurskonto{});
-    LblLektion.setCaption(L"Lektion " + std::to_wstring(konto_.Lektionsnummer) + L" (Stufe " +
-                          std::to_wstring(konto_.Stufennummer) + L")");
+    const Kursplatz platz = kursplatzLesen(umgebung_.dateien(), umgebung_.global);
+    if (!platz.bereit()) {
+        zurStartseite();
+        return false;
+    }
+    konto_ = platz.konto;
+    Stufenzahl = *platz.lektion.Stufenzahl;
+    LblLektion.setCaption(lektionUndStufe(konto_));
     imgUhr.setVisible(konto_.Zeitmodus != 0);
     lblZeit.setVisible(konto_.Zeitmodus != 0);
     lblGenau.setCaption(genauigkeitText(konto_.Genauigkeit, umgebung_.dezimalzeichen()));
-
-    const Lektion lektion = lektionLesen(
-        umgebung_.dateien(), lektionspfad(umgebung_.global, konto_.Lektionsnummer), konto_.Stufennummer);
-    if (!gelesen || !lektion.vollstaendig()) {
-        Bildwechsel(umgebung_, *this, L"Tastatur0");
-        return false;
-    }
-    Stufenzahl = *lektion.Stufenzahl;
-    text_.Text1.setText(lektion.stufe->Stufentext);
+    text_.Text1.setText(platz.lektion.stufe->Stufentext);
     text_.Übernehmen();
     Timer1.setEnabled(false);
     cmdNeu.hide();
@@ -65,30 +59,29 @@ bool Tastatur2::Startaufstellung() {
 }
 
 void Tastatur2::Anzeige() {
-    lblFehler.setCaption(std::to_wstring(Fehlerzahl));
-    lblFehler.setBack(Fehlerzahl == 0 ? colors::right : colors::wrong);
+    fehlerZeigen(lblFehler, Fehlerzahl);
     lblDurchgang.setCaption(std::to_wstring(Durchgang) + L" / " + std::to_wstring(konto_.Durchgangszahl));
 }
 
-void Tastatur2::Picture1_KeyPress(int zeichencode) {
+void Tastatur2::Picture1_KeyPress(const KeyPress& taste) {
     if (cmdNeu.visible())
         return;
-    bild_.TastenLeuchten(zeichencode, false);
-    if (zeichencode == rück && text_.Pos > 1) {
+    bild_.TastenLeuchten(taste, false);
+    if (taste.code == CodeRück && text_.Pos > 1) {
         umgebung_.klang(L"knopf.wav");
         text_.rücktaste();
         return;
     }
-    if (text_.Fehlersperre == 1 || text_.amEnde() || zeichencode == rück)
+    if (text_.Fehlersperre == 1 || text_.amEnde() || taste.code == CodeRück)
         return;
-    if (text_.zeichenStimmt(zeichencode))
+    if (text_.zeichenStimmt(taste))
         richtigeTaste();
     else if (Timer1.enabled())
         falscheTaste();
 }
 
 void Tastatur2::richtigeTaste() {
-    GenauigkeitFortschreiben();
+    tasteWerten();
     if (text_.Pos == 1) {
         Timer1.setEnabled(true);
         Startzeit = umgebung_.uhr().seconds();
@@ -112,25 +105,28 @@ void Tastatur2::richtigeTaste() {
 }
 
 void Tastatur2::falscheTaste() {
-    GenauigkeitFortschreiben();
+    // Before the error is counted, other than on Tastatur1: here it enters the figure with the next key.
+    tasteWerten();
     umgebung_.klang(L"falsch.wav");
     ++Fehlerzahl;
     Anzeige();
     text_.falsch();
 }
 
-void Tastatur2::GenauigkeitFortschreiben() {
-    const auto neu = genauigkeitFortschreiben(umgebung_.dateien(), kontopfad(umgebung_.global),
+void Tastatur2::tasteWerten() {
+    const auto neu = genauigkeitFortschreiben(umgebung_.dateien(), umgebung_.global,
                                               {konto_.Lektionsnummer, text_.Pos, Fehlerzahl});
     if (neu)
         lblGenau.setCaption(genauigkeitText(*neu, umgebung_.dezimalzeichen()));
 }
 
 void Tastatur2::stufeAbschließen() {
-    stufeBestanden(umgebung_.dateien(), kontopfad(umgebung_.global), konto_, Stufenzahl,
-                   [this] { LblLektion.setCaption(L"Lektion " + std::to_wstring(konto_.Lektionsnummer)); });
-    Bildwechsel(umgebung_, *this, L"Tastatur0");
+    stufeBestanden(umgebung_.dateien(), umgebung_.global, konto_, Stufenzahl);
+    LblLektion.setCaption(L"Lektion " + std::to_wstring(konto_.Lektionsnummer));
+    zurStartseite();
 }
+
+void Tastatur2::zurStartseite() { Bildwechsel(umgebung_, *this, formname::Tastatur0); }
 
 int Tastatur2::Restzeit() const { return Zeitlimit - static_cast<int>(std::lround(verstrichen())); }
 
@@ -168,10 +164,6 @@ void Tastatur2::Timer2_Timer() {
 
 void Tastatur2::cmdNeu_Click() { Startaufstellung(); }
 
-void Tastatur2::imgNeu_Click() { Bildwechsel(umgebung_, *this, L"Tastatur0"); }
-
-void Tastatur2::imgHilfe_Click() { runtime().show(L"Hilfe"); }
-
-void Tastatur2::imgEnde_Click() { Bildwechsel(umgebung_, *this, L"Lern1"); }
+void Tastatur2::imgNeu_Click() { zurStartseite(); }
 
 } // namespace klopfmeise

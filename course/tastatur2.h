@@ -1,12 +1,13 @@
 #pragma once
 
-#include "course/genauigkeit.h"
 #include "course/textfenster.h"
 #include "platform/forms/form.h"
 #include "platform/forms/timer.h"
+#include "screens/anzeigen.h"
 #include "screens/bildknopf.h"
 #include "screens/fusszeile.h"
-#include "store/kurskonto.h"
+#include "screens/uebungen.h"
+#include "store/kursplatz.h"
 
 namespace klopfmeise {
 
@@ -26,21 +27,19 @@ private:
     bool Startaufstellung();
     void Anzeige();
     void stufeAbschließen();
-    void GenauigkeitFortschreiben();
-    void Picture1_KeyPress(int zeichencode);
+    /// Carries `Genauigkeit` on by the key just typed.
+    void tasteWerten();
+    void zurStartseite();
+    void Picture1_KeyPress(const KeyPress& taste);
     void richtigeTaste();
     void falscheTaste();
     void cmdNeu_Click();
     void imgNeu_Click();
-    void imgHilfe_Click();
-    void imgEnde_Click();
     void Timer1_Timer();
     void Timer2_Timer();
     double verstrichen() const { return umgebung_.uhr().seconds() - Startzeit; }
     /// Seconds left by the whole seconds gone.
     int Restzeit() const;
-
-    static LabelLook zahl() { return {.align = Align::center, .autoSize = true}; }
 
     Umgebung umgebung_;
     int Fehlerzahl = 0;
@@ -56,17 +55,8 @@ private:
     Tastensperre sperre_;
 
     Tastaturbild bild_{*this, umgebung_, 6495};
-    Textfenster text_{*this,
-                      umgebung_,
-                      bild_,
-                      660,
-                      {.down =
-                           [this](int tastencode) {
-                               if (sperre_.durchlassen())
-                                   bild_.TastenLeuchten2(tastencode);
-                           },
-                       .press = [this](KeyPress& taste) { Picture1_KeyPress(taste.code); },
-                       .up = [this] { sperre_.loslassen(); }}};
+    Textfenster text_{*this, bild_, sperre_, 660,
+                      [this](const KeyPress& taste) { Picture1_KeyPress(taste); }};
 
     Picture imgUhr{*this, L"imgUhr", {5670, 4410, 720, 720}, {.picture = L"uhr", .spoken = L"Uhr"}};
     Label lblZeit{
@@ -81,29 +71,18 @@ private:
                      {105, 0, 3465, 330},
                      {.font = {courier, 14.25, true}, .fore = colors::coral, .wrap = false}};
     Label Label1_1{*this, L"Label1", {7290, 0, 1080, 240}, {.caption = L"Durchgang", .wrap = false}, 1};
-    Label lblDurchgang{*this, L"lblDurchgang", {7710, 210, 135, 240}, zahl()};
+    Label lblDurchgang{*this, L"lblDurchgang", {7710, 210, 135, 240}, zähler()};
     Label Label1_0{*this, L"Label1", {8880, 0, 735, 240}, {.caption = L"Fehler", .wrap = false}, 0};
-    Label lblFehler{*this, L"lblFehler", {9240, 210, 135, 240}, zahl()};
+    Label lblFehler{*this, L"lblFehler", {9240, 210, 135, 240}, zähler()};
     Label Label1_2{
         *this, L"Label1", {10065, 0, 1935, 240}, {.caption = L"Tipp-Genauigkeit", .wrap = false}, 2};
-    Label lblGenau{*this, L"lblGenau", {10605, 210, 855, 240}, zahl()};
+    Label lblGenau{*this, L"lblGenau", {10605, 210, 855, 240}, zähler()};
 
-    Fusszeile fuss_{*this, L"Klopfmeise - Der Kurs"};
-    Picture imgNeu{
-        *this,
-        L"imgNeu",
-        {8820, 7980, 900, 900},
-        bildknopf(umgebung_, L"knopf_zurueck", L"Zurück zur Startseite", [this] { imgNeu_Click(); })};
-    Picture imgHilfe{*this,
-                     L"imgHilfe",
-                     {9870, 7980, 900, 900},
-                     bildknopf(umgebung_, L"knopf_hilfe", L"Hilfe", [this] { imgHilfe_Click(); }),
-                     0};
-    Picture imgEnde{
-        *this,
-        L"imgEnde",
-        {10920, 7980, 900, 900},
-        bildknopf(umgebung_, L"knopf_ende", L"Zurück zur Titelseite", [this] { imgEnde_Click(); })};
+    Übungsfuß fuß_{*this,
+                   umgebung_,
+                   {.übung = ÜbungKurs,
+                    .neu = bildknopf(umgebung_, L"knopf_zurueck", L"Zurück zur Startseite",
+                                     [this] { imgNeu_Click(); })}};
 
     Timer Timer1{*this, L"Timer1", {.interval = 50, .enabled = false, .tick = [this] { Timer1_Timer(); }}};
     Timer Timer2{*this, L"Timer2", {.interval = 200, .tick = [this] { Timer2_Timer(); }}};

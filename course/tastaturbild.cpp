@@ -1,5 +1,7 @@
 #include "course/tastaturbild.h"
 
+#include <algorithm>
+#include <iterator>
 #include <vector>
 
 namespace klopfmeise {
@@ -55,10 +57,10 @@ void Tastaturbild::leuchten(const std::wstring& zeichen, std::wstring_view schri
     lblAKtuell.setFontName(schrift);
     lblAKtuell.setCaption(zeichen);
     lblAKtuell.repaint();
-    const int nummer = zeichen.size() == 1 ? tasteFuer(zeichen.front()) : 0;
+    const int nummer = zeichen.size() == 1 ? tasteFür(zeichen.front()) : 0;
     if (nummer == 0)
         return;
-    for (const int finger : fingerFuer(nummer))
+    for (const int finger : fingerFür(nummer))
         imgFinger(finger).show();
     umrahmen(taste(nummer));
 }
@@ -92,8 +94,8 @@ void Tastaturbild::zeichenAufFinger() {
     }
 }
 
-void Tastaturbild::TastenLeuchten(int zeichencode, bool klick) {
-    const int nummer = tasteFuerZeichencode(static_cast<wchar_t>(zeichencode));
+void Tastaturbild::TastenLeuchten(const KeyPress& taste, bool klick) {
+    const int nummer = tasteFürZeichencode(taste.character);
     if (nummer == 0)
         return;
     if (klick)
@@ -101,8 +103,10 @@ void Tastaturbild::TastenLeuchten(int zeichencode, bool klick) {
     Tastenblitz(std::span(&nummer, 1));
 }
 
-void Tastaturbild::TastenLeuchten2(int tastencode) {
-    const std::vector<int> nummern = tastenFuerTastencode(tastencode);
+void Tastaturbild::TastenLeuchten2(const KeyDown& taste) {
+    std::vector<int> nummern;
+    for (const int code : taste.codes)
+        std::ranges::copy(tastenFürTastencode(code), std::back_inserter(nummern));
     if (!nummern.empty())
         Tastenblitz(nummern);
 }

@@ -35,9 +35,9 @@ public:
 
     /// Flashes the key of a character code; with `klick` the key's click is heard. Nothing for a code without
     /// a key.
-    void TastenLeuchten(int zeichencode, bool klick);
+    void TastenLeuchten(const KeyPress& taste, bool klick);
     /// Flashes what a key-down of a key without a character shows: Tab, Caps Lock, Shift, Control, Alt.
-    void TastenLeuchten2(int tastencode);
+    void TastenLeuchten2(const KeyDown& taste);
 
     /// What a screen reader is told to type next.
     std::wstring ziel() const;

@@ -1,5 +1,7 @@
 #include "course/tastenplan.h"
 
+#include "screens/zeichencodes.h"
+
 #include <algorithm>
 #include <array>
 
@@ -155,21 +157,21 @@ std::span<const Taste> tasten() { return Tasten; }
 
 const Taste& taste(int nummer) { return Tasten.at(static_cast<std::size_t>(nummer - 1)); }
 
-int tasteFuer(wchar_t zeichen) {
+int tasteFür(wchar_t zeichen) {
     const auto treffer = std::ranges::find_if(
         Tasten, [zeichen](const Taste& t) { return t.zeichen.find(zeichen) != std::wstring_view::npos; });
     return treffer == Tasten.end() ? 0 : treffer->nummer;
 }
 
-int tasteFuerZeichencode(wchar_t code) {
-    if (code == 8)
+int tasteFürZeichencode(wchar_t code) {
+    if (code == CodeRück)
         return TasteRück;
-    if (code == 13)
+    if (code == CodeEingabe)
         return TasteEingabe;
-    return tasteFuer(code);
+    return tasteFür(code);
 }
 
-std::vector<int> tastenFuerTastencode(int code) {
+std::vector<int> tastenFürTastencode(int code) {
     switch (code) {
     case 9:
         return {TasteTabulator};
@@ -186,7 +188,7 @@ std::vector<int> tastenFuerTastencode(int code) {
     }
 }
 
-std::vector<int> fingerFuer(int tastennummer) {
+std::vector<int> fingerFür(int tastennummer) {
     const int finger = taste(tastennummer).finger;
     if (finger == 0)
         return {};

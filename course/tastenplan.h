@@ -39,18 +39,18 @@ std::span<const Taste> tasten();
 const Taste& taste(int nummer);
 
 /// The key on which a text character lies, 0 if the course does not know the character.
-int tasteFuer(wchar_t zeichen);
+int tasteFür(wchar_t zeichen);
 
-/// As tasteFuer, for the character code of a key press: backspace (8) and Enter (13) have keys, too.
-int tasteFuerZeichencode(wchar_t code);
+/// As tasteFür, for the character code of a key press: backspace (8) and Enter (13) have keys, too.
+int tasteFürZeichencode(wchar_t code);
 
 /// The keys that flash for a virtual key code that types nothing (Tab 9, Shift 16, Control 17, Alt 18,
 /// Caps Lock 20). Both keys of a pair, since the code does not tell left from right; empty for any other
 /// code.
-std::vector<int> tastenFuerTastencode(int code);
+std::vector<int> tastenFürTastencode(int code);
 
 /// The fingers that type a key: none, one, or the two thumb pictures 5 and 6 of the space bar.
-std::vector<int> fingerFuer(int tastennummer);
+std::vector<int> fingerFür(int tastennummer);
 
 /// Where the picture of a lit finger lies; 5 is the round mark on the right thumb, 6 the thumb itself.
 /// std::out_of_range outside 1 to 10.

@@ -1,20 +1,29 @@
 #include "course/textfenster.h"
 
-#include "platform/values/windows1252.h"
-
 namespace klopfmeise {
 
 namespace {
 constexpr wchar_t zeilenvorschub = 10;
 constexpr std::wstring_view zeilenendmarke = L"l";
+
+KeyHandlers tasten(Tastaturbild& bild, Tastensperre& sperre, std::function<void(const KeyPress&)> zeichen) {
+    return {.down =
+                [&](const KeyDown& taste) {
+                    if (sperre.durchlassen())
+                        bild.TastenLeuchten2(taste);
+                },
+            .press = [zeichen = std::move(zeichen)](KeyPress& taste) { zeichen(taste); },
+            .up = [&] { sperre.loslassen(); }};
+}
+
 } // namespace
 
-Textfenster::Textfenster(Form& form, const Umgebung& umgebung, Tastaturbild& bild, int links,
-                         KeyHandlers tasten)
-    : umgebung_(umgebung)
-    , bild_(bild)
+Textfenster::Textfenster(Form& form, Tastaturbild& bild, Tastensperre& sperre, int links,
+                         std::function<void(const KeyPress&)> zeichen)
+    : bild_(bild)
     , lblFärbung(form, L"lblFärbung", {links - 30, 6165, 10890, 1650}, {.back = colors::black}, 1)
-    , Picture1(form, L"Picture1", {links, 6195, 10830, 1590}, {.toolTip = L"", .keys = std::move(tasten)})
+    , Picture1(form, L"Picture1", {links, 6195, 10830, 1590},
+               {.toolTip = L"", .keys = tasten(bild, sperre, std::move(zeichen))})
     , Text1(form, L"Text1", {0, 0, 600, 300}, {.visible = false})
     , lbl(
           Picture1, L"lbl", 0, 0,
@@ -32,21 +41,28 @@ void Textfenster::Übernehmen() {
     lbl.removeFrom(1);
     const std::wstring& text = Text1.text();
     Zellenzahl = static_cast<int>(text.size());
+    const auto vorschub = [&](int i) {
+        return i > 1 && i <= Zellenzahl && text[static_cast<std::size_t>(i) - 1] == zeilenvorschub;
+    };
     for (int i = 1; i <= Zellenzahl + 1; ++i) {
         Label& zelle = lbl.load();
-        zelle.setCaption(i <= Zellenzahl ? std::wstring(1, text[static_cast<std::size_t>(i) - 1]) : L" ");
+        if (vorschub(i + 1)) {
+            // Marked before the lines are measured: the cell of the Enter key needs its place in the line.
+            zelle.setCaption(std::wstring(zeilenendmarke));
+            zelle.setFontName(wingdings);
+        } else if (vorschub(i)) {
+            zelle.setCaption(L"");
+        } else {
+            zelle.setCaption(i <= Zellenzahl ? std::wstring(1, text[static_cast<std::size_t>(i) - 1]) : L" ");
+        }
         zelle.show();
     }
     lbl(1).setPlace({lbl(0).left() + lbl(0).width(), lbl(0).top(), lbl(1).width(), lbl(1).height()});
     for (int i = 2; i <= Zellenzahl + 1; ++i) {
-        if (i <= Zellenzahl && text[static_cast<std::size_t>(i) - 1] == zeilenvorschub) {
-            lbl(i - 1).setCaption(std::wstring(zeilenendmarke));
-            lbl(i - 1).setFontName(wingdings);
-            lbl(i).setCaption(L"");
+        if (vorschub(i))
             zeilenanfang(i, lbl(0).left());
-        } else {
+        else
             hinter(i);
-        }
         if (lbl(i).right() >= shpBegrenzung.left())
             umbrechen(i);
     }
@@ -89,10 +105,6 @@ void Textfenster::FingerLeuchten() {
             bild_.aufTasteZeigen(TasteEingabe);
     }
     bild_.zeichenAufFinger();
-}
-
-bool Textfenster::zeichenStimmt(int zeichencode) const {
-    return zelle().caption() == std::wstring(1, fromWindows1252(static_cast<unsigned char>(zeichencode)));
 }
 
 void Textfenster::rücktaste() {

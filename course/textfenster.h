@@ -3,9 +3,11 @@
 #include "course/tastaturbild.h"
 #include "platform/controls/control_array.h"
 #include "platform/controls/drawn.h"
+#include "platform/controls/events.h"
+#include "platform/controls/panels.h"
 #include "platform/controls/rich_text_box.h"
-#include "platform/controls/windowed.h"
 
+#include <functional>
 #include <string>
 
 namespace klopfmeise {
@@ -20,8 +22,10 @@ public:
     static constexpr Color Cursorfarbe = colors::midGrey;
     static constexpr Color Blinkfarbe = colors::panel;
 
-    /// `links` is the left edge of Picture1; the black frame stands 30 twips beyond it.
-    Textfenster(Form& form, const Umgebung& umgebung, Tastaturbild& bild, int links, KeyHandlers tasten);
+    /// `links` is the left edge of Picture1; the black frame stands 30 twips beyond it. A key-down that the
+    /// gate lets through flashes; a character goes to `zeichen`.
+    Textfenster(Form& form, Tastaturbild& bild, Tastensperre& sperre, int links,
+                std::function<void(const KeyPress&)> zeichen);
 
     /// Lays out the text of Text1 and puts the cursor on its first cell. Lines break behind the last blank
     /// before the margin; a word wider than a line is broken at the margin.
@@ -41,7 +45,9 @@ public:
     /// The cursor stands on the mark of a line end, the cell of the Enter key.
     bool amZeilenende() const { return zelle().font().name == wingdings; }
     /// The current cell holds exactly this character.
-    bool zeichenStimmt(int zeichencode) const;
+    bool zeichenStimmt(const KeyPress& taste) const {
+        return zelle().caption() == std::wstring(1, taste.character);
+    }
 
     /// Takes the cursor back by one cell, over a line feed too, and the lock off.
     void rücktaste();
@@ -63,7 +69,6 @@ private:
     void zeilenanfang(int i, int links);
     void weiter();
 
-    Umgebung umgebung_;
     Tastaturbild& bild_;
 
     Label lblFärbung;

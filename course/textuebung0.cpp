@@ -2,37 +2,26 @@
 
 #include "platform/values/text.h"
 #include "screens/bildwechsel.h"
+#include "screens/formnamen.h"
+#include "screens/zeichencodes.h"
 #include "store/einstellungsdatei.h"
-#include "store/kontodatei.h"
-#include "store/pfade.h"
-
-#include <algorithm>
-#include <cmath>
+#include "store/textkonto.h"
 
 namespace klopfmeise {
 
 namespace {
-
-constexpr int rück = 8;
-constexpr int eingabe = 13;
-
-/// The value of a record that counts; the empty string and Empty count as 0.
-std::wstring zählerText(const Wert& wert, wchar_t dezimalzeichen) {
-    return gleich(wert, L"") ? L"0" : textAus(wert, dezimalzeichen);
-}
 
 double zahlIn(const Label& label) { return spelledNumber(label.caption()).value_or(0); }
 
 } // namespace
 
 Textübung0::Textübung0(const Umgebung& umgebung)
-    : Form(umgebung.runtime, L"Textübung0", {.picture = L"hintergrund_tastatur"})
+    : Form(umgebung.runtime, formname::Textübung0, {.picture = L"hintergrund_tastatur"})
     , umgebung_(umgebung) {}
 
 void Textübung0::Form_Load() {
     centre();
-    fuss_.LblName.setCaption(kontoname(umgebung_.global));
-    fuss_.LblKlasse.setCaption(umgebung_.global.AktuelleKlasse);
+    fuß_.kindZeigen();
     Nullen();
     Textname = textnameLesen(umgebung_.dateien(), umgebung_.global);
     LblBib.setCaption(Textname);
@@ -57,28 +46,28 @@ void Textübung0::Startaufstellung() {
 }
 
 void Textübung0::kontowerteZeigen() {
-    Kontodatei datei(umgebung_.dateien(), kontopfad(umgebung_.global));
-    const wchar_t dezimal = umgebung_.dezimalzeichen();
-    lblRichtig.setCaption(zählerText(datei.lesen(Kontosatz::TexteGesamt), dezimal));
-    lblAnschlägeDurchschnitt.setCaption(zählerText(datei.lesen(Kontosatz::AnschlaegeSchnitt), dezimal));
+    const auto stand = textstandLesen(umgebung_.dateien(), umgebung_.global);
+    lblRichtig.setCaption(stand ? wertText(stand->TexteGesamt) : unbekannt);
+    lblAnschlägeDurchschnitt.setCaption(stand ? wertText(stand->AnschlaegeSchnitt) : unbekannt);
 }
 
-void Textübung0::Anzeige() {
-    lblFehler.setCaption(std::to_wstring(Fehlerzahl));
-    lblFehler.setBack(Fehlerzahl == 0 ? colors::right : colors::wrong);
+std::wstring Textübung0::wertText(const Wert& wert) const {
+    return textAus(wert, umgebung_.dezimalzeichen());
 }
 
-void Textübung0::Picture1_KeyPress(int zeichencode) {
-    bild_.TastenLeuchten(zeichencode, false);
-    if (zeichencode == rück && text_.Pos > 1) {
+void Textübung0::Anzeige() { fehlerZeigen(lblFehler, Fehlerzahl); }
+
+void Textübung0::Picture1_KeyPress(const KeyPress& taste) {
+    bild_.TastenLeuchten(taste, false);
+    if (taste.code == CodeRück && text_.Pos > 1) {
         umgebung_.klang(L"knopf.wav");
         text_.rücktaste();
         return;
     }
-    if (text_.amEnde() || text_.Fehlersperre == 1 || zeichencode == rück)
+    if (text_.amEnde() || text_.Fehlersperre == 1 || taste.code == CodeRück)
         return;
     // The mark of a line end is an "l" in another font; the letter does not do for the Enter key.
-    const bool richtig = text_.amZeilenende() ? zeichencode == eingabe : text_.zeichenStimmt(zeichencode);
+    const bool richtig = text_.amZeilenende() ? taste.code == CodeEingabe : text_.zeichenStimmt(taste);
     if (richtig)
         richtigeTaste();
     else if (Timer1.enabled())
@@ -110,31 +99,14 @@ void Textübung0::textFertig() {
                                      L"Das entspricht einer Tippgeschwindigkeit von " +
                                      lblAnschläge.caption() + L" Anschlägen pro Minute.\r\r" +
                                      L"Beim Tippen hast du " + lblFehler.caption() + L" Fehler gemacht.";
-    runtime().show(L"HilfeFehlerbericht");
-    textZählen();
-    schnittFortschreiben();
+    runtime().show(formname::HilfeFehlerbericht);
+    const auto texte = textZählen(umgebung_.dateien(), umgebung_.global);
+    const auto schnitt = schnittFortschreiben(umgebung_.dateien(), umgebung_.global, lblAnschläge.caption());
+    if (schnitt)
+        lblAnschlägeDurchschnitt.setCaption(wertText(*schnitt));
+    if (texte)
+        lblRichtig.setCaption(wertText(*texte));
     Startaufstellung();
-}
-
-void Textübung0::textZählen() {
-    Kontodatei datei(umgebung_.dateien(), kontopfad(umgebung_.global));
-    const double neu = zahlAus(datei.lesen(Kontosatz::TexteGesamt)).value_or(0) + 1;
-    if (!datei.gut())
-        return;
-    datei.schreiben(Kontosatz::TexteGesamt, ganzzahl(static_cast<int>(std::clamp(neu, 1.0, 1e9))));
-    lblRichtig.setCaption(numberText(neu, umgebung_.dezimalzeichen()));
-}
-
-void Textübung0::schnittFortschreiben() {
-    Kontodatei datei(umgebung_.dateien(), kontopfad(umgebung_.global));
-    const double bisher = zahlAus(datei.lesen(Kontosatz::AnschlaegeSchnitt)).value_or(0);
-    if (!datei.gut())
-        return;
-    Wert neu = lblAnschläge.caption();
-    if (bisher > 0 && std::isfinite(bisher))
-        neu = Int((zahlIn(lblAnschläge) + bisher) / 2);
-    lblAnschlägeDurchschnitt.setCaption(textAus(neu, umgebung_.dezimalzeichen()));
-    datei.schreiben(Kontosatz::AnschlaegeSchnitt, neu);
 }
 
 void Textübung0::Timer1_Timer() {
@@ -146,12 +118,5 @@ void Textübung0::Timer1_Timer() {
 }
 
 void Textübung0::imgNeu_Click() { Startaufstellung(); }
-
-void Textübung0::imgHilfe_Click() { runtime().show(L"Hilfe"); }
-
-void Textübung0::imgEnde_Click() {
-    Bildwechsel(umgebung_, *this, L"Lern1");
-    runtime().unload(L"HilfeFehlerbericht");
-}
 
 } // namespace klopfmeise

@@ -3,8 +3,12 @@
 #include "course/textfenster.h"
 #include "platform/forms/form.h"
 #include "platform/forms/timer.h"
+#include "screens/anzeigen.h"
 #include "screens/bildknopf.h"
+#include "screens/formnamen.h"
 #include "screens/fusszeile.h"
+#include "screens/uebungen.h"
+#include "store/wert.h"
 
 namespace klopfmeise {
 
@@ -23,19 +27,15 @@ private:
     void Startaufstellung();
     void Anzeige();
     void kontowerteZeigen();
-    void Picture1_KeyPress(int zeichencode);
+    void Picture1_KeyPress(const KeyPress& taste);
     void richtigeTaste();
     void falscheTaste();
     void textFertig();
-    void textZählen();
-    void schnittFortschreiben();
+    std::wstring wertText(const Wert& wert) const;
     void imgNeu_Click();
-    void imgHilfe_Click();
-    void imgEnde_Click();
     void Timer1_Timer();
     void Timer2_Timer() { text_.blinken(); }
 
-    static LabelLook zahl() { return {.align = Align::center, .autoSize = true}; }
     static LabelLook angabe(const wchar_t* text) { return {.caption = text, .wrap = false}; }
 
     Umgebung umgebung_;
@@ -48,17 +48,8 @@ private:
     Tastensperre sperre_{.TasteFrei = false};
 
     Tastaturbild bild_{*this, umgebung_};
-    Textfenster text_{*this,
-                      umgebung_,
-                      bild_,
-                      555,
-                      {.down =
-                           [this](int tastencode) {
-                               if (sperre_.durchlassen())
-                                   bild_.TastenLeuchten2(tastencode);
-                           },
-                       .press = [this](KeyPress& taste) { Picture1_KeyPress(taste.code); },
-                       .up = [this] { sperre_.loslassen(); }}};
+    Textfenster text_{*this, bild_, sperre_, 555,
+                      [this](const KeyPress& taste) { Picture1_KeyPress(taste); }};
 
     Label LblBib{*this,
                  L"LblBib",
@@ -66,7 +57,7 @@ private:
                  {.font = {courier, 14.25, true}, .align = Align::left, .autoSize = true},
                  2};
     Label Label1_1{*this, L"Label1", {3255, 0, 2880, 240}, angabe(L"Getippte Texte insgesamt"), 1};
-    Label lblRichtig{*this, L"lblRichtig", {4725, 210, 135, 240}, zahl()};
+    Label lblRichtig{*this, L"lblRichtig", {4725, 210, 135, 240}, zähler()};
     Label Label1_3{*this,
                    L"Label1",
                    {6615, 0, 3135, 240},
@@ -77,33 +68,24 @@ private:
                    {6780, 210, 750, 210},
                    {.caption = L"aktuell", .font = {courier, 8.25}, .wrap = false},
                    4};
-    Label lblAnschläge{*this, L"lblAnschläge", {7560, 210, 375, 240}, zahl()};
+    Label lblAnschläge{*this, L"lblAnschläge", {7560, 210, 375, 240}, zähler()};
     Label Label1_5{*this,
                    L"Label1",
                    {8085, 210, 1065, 210},
                    {.caption = L"durchschn.", .font = {courier, 8.25}, .wrap = false},
                    5};
-    Label lblAnschlägeDurchschnitt{*this, L"lblAnschlägeDurchschnitt", {9135, 210, 375, 240}, zahl()};
+    Label lblAnschlägeDurchschnitt{*this, L"lblAnschlägeDurchschnitt", {9135, 210, 375, 240}, zähler()};
     Label Label1_2{*this, L"Label1", {10125, 0, 495, 240}, angabe(L"Zeit"), 2};
-    Label lblZeit{*this, L"lblZeit", {10290, 210, 135, 240}, zahl()};
+    Label lblZeit{*this, L"lblZeit", {10290, 210, 135, 240}, zähler()};
     Label Label1_0{*this, L"Label1", {11160, 0, 720, 240}, angabe(L"Fehler"), 0};
-    Label lblFehler{*this, L"lblFehler", {11445, 210, 135, 240}, zahl()};
+    Label lblFehler{*this, L"lblFehler", {11445, 210, 135, 240}, zähler()};
 
-    Fusszeile fuss_{*this, L"Text tippen"};
-    Picture imgNeu{*this,
-                   L"imgNeu",
-                   {8820, 7980, 900, 900},
-                   bildknopf(umgebung_, L"knopf_neu", L"Noch einmal von vorn", [this] { imgNeu_Click(); })};
-    Picture imgHilfe{*this,
-                     L"imgHilfe",
-                     {9870, 7980, 900, 900},
-                     bildknopf(umgebung_, L"knopf_hilfe", L"Hilfe", [this] { imgHilfe_Click(); }),
-                     0};
-    Picture imgEnde{
+    Übungsfuß fuß_{
         *this,
-        L"imgEnde",
-        {10920, 7980, 900, 900},
-        bildknopf(umgebung_, L"knopf_ende", L"Zurück zur Titelseite", [this] { imgEnde_Click(); })};
+        umgebung_,
+        {.übung = ÜbungText,
+         .neu = bildknopf(umgebung_, L"knopf_neu", L"Noch einmal von vorn", [this] { imgNeu_Click(); }),
+         .gegangen = [this] { runtime().unload(formname::HilfeFehlerbericht); }}};
 
     Timer Timer1{*this, L"Timer1", {.interval = 50, .enabled = false, .tick = [this] { Timer1_Timer(); }}};
     Timer Timer2{*this, L"Timer2", {.interval = 300, .tick = [this] { Timer2_Timer(); }}};

@@ -1,6 +1,7 @@
 #include "front/hilfe.h"
 
 #include "screens/bildwechsel.h"
+#include "screens/formnamen.h"
 #include "screens/uebungen.h"
 
 namespace klopfmeise {
@@ -8,7 +9,7 @@ namespace klopfmeise {
 namespace {
 
 /// By the exercises' numbers less one.
-constexpr std::array<const wchar_t*, Übungszahl> Hilfetexte{
+constexpr auto Hilfetexte = std::to_array<const wchar_t*>({
     L"Der Klopfmeise-Kurs besteht aus 30 Lektionen. Jede Lektion ist in 12 Stufen gegliedert. Die Stufen "
     L"bestehen entweder aus einzeiligen Textbausteinen von 55 Zeichen oder aus Fließtexten. In der Regel "
     L"beginnt ein Kind bei Lektion 1 (Stufe 1) und kommt dann in die nächste Stufe, wenn es ihm gelingt den "
@@ -33,12 +34,13 @@ constexpr std::array<const wchar_t*, Übungszahl> Hilfetexte{
     L"Buchstaben so schnell wie möglich tippen und erhält dafür Punkte. Wenn es dem Spieler nicht gelingt, "
     L"die fünf Buchstaben zu tippen, bevor diese das linke Ende des Fließbandes erreichen, so endet das "
     L"Spiel. Die Höchstpunktzahl wird auf dem Konto gespeichert.",
-};
+});
+static_assert(Hilfetexte.size() == Übungszahl);
 
 } // namespace
 
 Hilfe::Hilfe(const Umgebung& umgebung)
-    : Form(umgebung.runtime, L"Hilfe",
+    : Form(umgebung.runtime, formname::Hilfe,
            {.kind = FormKind::window,
             .caption = L"Hilfe",
             .width = 9150,
@@ -64,7 +66,7 @@ void Hilfe::textzuweisung() {
 }
 
 HilfeFehlerbericht::HilfeFehlerbericht(const Umgebung& umgebung)
-    : Form(umgebung.runtime, L"HilfeFehlerbericht",
+    : Form(umgebung.runtime, formname::HilfeFehlerbericht,
            {.kind = FormKind::window, .width = 5790, .height = 6870, .back = colors::panel})
     , umgebung_(umgebung) {
     centre();

@@ -1,15 +1,15 @@
 #include "front/konto.h"
 
-#include "platform/values/text.h"
+#include "screens/anzeigen.h"
 #include "screens/bildwechsel.h"
+#include "screens/formnamen.h"
 #include "screens/uebungen.h"
-#include "store/kurskonto.h"
-#include "store/pfade.h"
+#include "store/kontostand.h"
 
 namespace klopfmeise {
 
 Konto::Konto(const Umgebung& umgebung)
-    : Form(umgebung.runtime, L"Konto",
+    : Form(umgebung.runtime, formname::Konto,
            {.kind = FormKind::window, .width = 8415, .height = 7245, .back = colors::white})
     , umgebung_(umgebung)
     , Line1(
@@ -24,7 +24,7 @@ Konto::Konto(const Umgebung& umgebung)
               return Rect{420, zeile(i), 900, 900};
           },
           [](int i) {
-              const Übung& übung = Übungen[static_cast<std::size_t>(i) - 1];
+              const Übung& übung = übungMit(i);
               return PictureLook{.picture = übung.bild, .toolTip = übung.titel};
           }) {}
 
@@ -33,25 +33,24 @@ void Konto::Form_Load() {
     centre();
 }
 
-std::wstring Konto::zahl(const Wert& wert) const {
-    return gleich(wert, L"") ? L"0" : textAus(wert, umgebung_.dezimalzeichen());
-}
-
 void Konto::Form_Activate() {
-    Kontodatei datei(umgebung_.dateien(), kontopfad(umgebung_.global));
-    const auto platz = [this](const Wert& wert) {
-        return gleich(wert, 0) || gleich(wert, L"") ? std::wstring(L"1") : zahl(wert);
-    };
-    LblLektion.setCaption(platz(datei.lesen(Kontosatz::Lektionsnummer)));
-    lblStufe.setCaption(platz(datei.lesen(Kontosatz::Stufennummer)));
-    lblGenau.setCaption(
-        formatted(genauigkeitAus(datei.lesen(Kontosatz::Genauigkeit)), 2, umgebung_.dezimalzeichen()) +
-        L" %");
-    lblHighWolken.setCaption(zahl(datei.lesen(Kontosatz::HighWolken)));
-    lblHighTetris.setCaption(zahl(datei.lesen(Kontosatz::HighSteine)));
-    lblHighFließband.setCaption(zahl(datei.lesen(Kontosatz::HighBand)));
-    lblRichtig.setCaption(zahl(datei.lesen(Kontosatz::TexteGesamt)));
-    lblAnschlägeDurchschnitt.setCaption(zahl(datei.lesen(Kontosatz::AnschlaegeSchnitt)));
+    const auto stand = kontostandLesen(umgebung_.dateien(), umgebung_.global);
+    lblUnlesbar.setVisible(!stand);
+    if (!stand) {
+        for (Label* feld : {&LblLektion, &lblStufe, &lblGenau, &lblRichtig, &lblAnschlägeDurchschnitt,
+                            &lblHighWolken, &lblHighTetris, &lblHighFließband})
+            feld->setCaption(unbekannt);
+        return;
+    }
+    const wchar_t dezimal = umgebung_.dezimalzeichen();
+    LblLektion.setCaption(textAus(stand->Lektionsnummer, dezimal));
+    lblStufe.setCaption(textAus(stand->Stufennummer, dezimal));
+    lblGenau.setCaption(genauigkeitText(stand->Genauigkeit, dezimal));
+    lblHighWolken.setCaption(textAus(stand->HighWolken, dezimal));
+    lblHighTetris.setCaption(textAus(stand->HighSteine, dezimal));
+    lblHighFließband.setCaption(textAus(stand->HighBand, dezimal));
+    lblRichtig.setCaption(textAus(stand->texte.TexteGesamt, dezimal));
+    lblAnschlägeDurchschnitt.setCaption(textAus(stand->texte.AnschlaegeSchnitt, dezimal));
 }
 
 } // namespace klopfmeise

@@ -4,7 +4,6 @@
 #include "platform/controls/drawn.h"
 #include "platform/forms/form.h"
 #include "screens/umgebung.h"
-#include "store/kontodatei.h"
 
 namespace klopfmeise {
 
@@ -24,7 +23,6 @@ private:
         return {.caption = text, .fore = colors::textGrey, .wrap = false};
     }
     static LabelLook wert() { return {.font = {courier, 14.25, true}, .wrap = false}; }
-    std::wstring zahl(const Wert& wert) const;
 
     Umgebung umgebung_;
 
@@ -42,6 +40,14 @@ private:
     Label lblStufe{*this, L"lblStufe", {3360, zeile(1) + 375, 1500, 330}, wert()};
     Label Label1_2{*this, L"Label1", {5040, zeile(1) + 90, 3150, 240}, name(L"Tipp-Genauigkeit"), 2};
     Label lblGenau{*this, L"lblGenau", {5040, zeile(1) + 375, 3150, 330}, wert()};
+    /// Shown in place of figures that could not be read.
+    Label lblUnlesbar{*this,
+                      L"lblUnlesbar",
+                      {1680, zeile(1) + 735, 6510, 240},
+                      {.caption = L"Das Konto kann gerade nicht gelesen werden.",
+                       .back = colors::wrong,
+                       .wrap = false,
+                       .visible = false}};
 
     Label Label1_1{*this, L"Label1", {1680, zeile(2) + 90, 3150, 240}, name(L"Getippte Texte insgesamt"), 1};
     Label lblRichtig{*this, L"lblRichtig", {1680, zeile(2) + 375, 3150, 330}, wert()};

@@ -1,7 +1,9 @@
 #include "front/lern1.h"
 
 #include "screens/bildwechsel.h"
+#include "screens/formnamen.h"
 #include "screens/uebungen.h"
+#include "screens/zeichencodes.h"
 #include "store/mdl_registry.h"
 #include "store/pfade.h"
 
@@ -25,7 +27,7 @@ Rect zifferntaste(int ziffer) {
 } // namespace
 
 Lern1::Lern1(const Umgebung& umgebung)
-    : Form(umgebung.runtime, L"Lern1", {.picture = L"hintergrund_titel"})
+    : Form(umgebung.runtime, formname::Lern1, {.picture = L"hintergrund_titel"})
     , umgebung_(umgebung)
     , cmdÜbungVorlage(
           frmSprache, L"cmdÜbungVorlage", 0, Übungszahl,
@@ -33,9 +35,7 @@ Lern1::Lern1(const Umgebung& umgebung)
               return Rect{0, 0, 900, 900};
           },
           [](int i) {
-              return PictureLook{.picture =
-                                     i == 0 ? nichtImAngebot : Übungen[static_cast<std::size_t>(i) - 1].bild,
-                                 .visible = false};
+              return PictureLook{.picture = i == 0 ? nichtImAngebot : übungMit(i).bild, .visible = false};
           })
     , cmdÜbung(
           frmSprache, L"cmdÜbung", 1, Übungszahl,
@@ -43,12 +43,12 @@ Lern1::Lern1(const Umgebung& umgebung)
               return Rect{930 + 1155 * (i - 1), 1365, 900, 900};
           },
           [this](int i) {
-              const Übung& übung = Übungen[static_cast<std::size_t>(i) - 1];
+              const Übung& übung = übungMit(i);
               return PictureLook{.picture = übung.bild,
                                  .pointer = Pointer::hand,
                                  .toolTip = übung.titel,
                                  .click = [this, i] { cmdÜbung_Click(i); },
-                                 .mouseDown = [this] { knopfklang(); }};
+                                 .mouseDown = [this](MouseButton) { knopfklang(); }};
           })
     , cmdPinZahl(Frame1, L"cmdPinZahl", 0, 9, zifferntaste, [this](int i) {
         return ButtonLook{.caption = std::to_wstring(i), .click = [this, i] { cmdPinZahl_Click(i); }};
@@ -63,14 +63,14 @@ LabelLook Lern1::überschrift(const wchar_t* text) {
 LabelLook Lern1::angabe(const wchar_t* text) { return {.caption = text}; }
 
 void Lern1::Zurück() {
-    fuss_.LblÜb.setBack(colors::white);
-    fuss_.LblÜb.setCaption(L"");
+    fuß_.LblÜb.setBack(colors::white);
+    fuß_.LblÜb.setCaption(L"");
     frmKlasse.show();
     frmKlasse.repaint();
     frmPin.hide();
     cmdAllesZurück.hide();
-    fuss_.LblKlasse.setCaption(L"");
-    fuss_.LblName.setCaption(L"");
+    fuß_.LblKlasse.setCaption(L"");
+    fuß_.LblName.setCaption(L"");
     File1.unselect();
     frmNamen.hide();
     frmSprache.hide();
@@ -109,8 +109,7 @@ void Lern1::Form_Activate() {
     for (int i = 1; i <= Übungszahl; ++i)
         cmdÜbung(i).setEnabled(angebot[static_cast<std::size_t>(i) - 1]);
     frmSprache.show();
-    fuss_.LblKlasse.setCaption(global.AktuelleKlasse);
-    fuss_.LblName.setCaption(kontoname(global));
+    fuß_.kindZeigen(global);
     File1.setPath(klassenordner(global));
     cmdAllesZurück.show();
 }
@@ -132,8 +131,8 @@ void Lern1::LblGruppe_MouseDown(int index) {
     Globale& global = umgebung_.global;
     knopfklang();
     global.AktuelleKlasse = LblGruppe(index).caption() + L"\\";
-    fuss_.LblKlasse.setCaption(global.AktuelleKlasse);
-    fuss_.LblKlasse.repaint();
+    fuß_.LblKlasse.setCaption(global.AktuelleKlasse);
+    fuß_.LblKlasse.repaint();
     File1.setPath(klassenordner(global));
     txtKeineKonten.setFontPoints(16);
     txtKeineKonten.setFore(colors::midGrey);
@@ -180,8 +179,8 @@ void Lern1::File1_MouseDown() {
     if (name.empty())
         return;
     knopfklang();
-    fuss_.LblName.setCaption(name.substr(0, name.size() - Kontoendung.size()));
-    fuss_.LblName.repaint();
+    fuß_.LblName.setCaption(name.substr(0, name.size() - Kontoendung.size()));
+    fuß_.LblName.repaint();
     frmKlasse.hide();
     frmNamen.hide();
     frmSprache.show();
@@ -232,8 +231,8 @@ void Lern1::imgEnde_Click() {
     umgebung_.global.KlasseGewaehlt = 0;
     frmKlasse.hide();
     frmPin.hide();
-    fuss_.LblKlasse.setCaption(L"");
-    fuss_.LblName.setCaption(L"");
+    fuß_.LblKlasse.setCaption(L"");
+    fuß_.LblName.setCaption(L"");
     frmEnde.show();
     FußknöpfeZeigen(false);
     cmdAllesZurück.hide();
@@ -271,12 +270,10 @@ void Lern1::command1_Click() {
 }
 
 void Lern1::Text1_KeyPress(KeyPress& taste) {
-    constexpr int rück = 8;
-    constexpr int eingabe = 13;
-    if ((taste.code >= L'0' && taste.code <= L'9') || taste.code == rück)
+    if ((taste.code >= L'0' && taste.code <= L'9') || taste.code == CodeRück)
         return;
     taste.swallowed = true;
-    if (taste.code == eingabe)
+    if (taste.code == CodeEingabe)
         ZugangsTest();
 }
 
@@ -288,11 +285,11 @@ void Lern1::ZugangsTest() {
     if (code != Text1.text() && code.size() >= stellen)
         return;
     knopfklang();
-    Bildwechsel(umgebung_, *this, L"einst0");
+    Bildwechsel(umgebung_, *this, formname::einst0);
 }
 
 void Lern1::cmdÜbung_Click(int index) {
-    const Übung& übung = Übungen[static_cast<std::size_t>(index) - 1];
+    const Übung& übung = übungMit(index);
     if (!runtime().available(übung.form))
         return;
     Globale& global = umgebung_.global;
@@ -300,7 +297,7 @@ void Lern1::cmdÜbung_Click(int index) {
     frmNamen.hide();
     cmdAllesZurück.show();
     global.AktuelleUebungNr = index;
-    global.AktuellesKonto = fuss_.LblName.caption() + std::wstring(Kontoendung);
+    global.AktuellesKonto = fuß_.LblName.caption() + std::wstring(Kontoendung);
     global.AktuelleUebung = übung.titel;
     frmSprache.hide();
     Bildwechsel(umgebung_, *this, übung.form);
@@ -308,8 +305,8 @@ void Lern1::cmdÜbung_Click(int index) {
 
 void Lern1::cmdKonto_Click() {
     knopfklang();
-    umgebung_.global.AktuellesKonto = fuss_.LblName.caption() + std::wstring(Kontoendung);
-    runtime().show(L"Konto");
+    umgebung_.global.AktuellesKonto = fuß_.LblName.caption() + std::wstring(Kontoendung);
+    runtime().show(formname::Konto);
 }
 
 void Lern1::Label4_Click() {

@@ -1,7 +1,11 @@
 #pragma once
 
+#include "platform/controls/button.h"
 #include "platform/controls/control_array.h"
-#include "platform/controls/windowed.h"
+#include "platform/controls/lists.h"
+#include "platform/controls/panels.h"
+#include "platform/controls/ranges.h"
+#include "platform/controls/text_box.h"
 #include "platform/forms/form.h"
 #include "screens/bildknopf.h"
 #include "screens/fusszeile.h"
@@ -52,7 +56,7 @@ private:
 
     Umgebung umgebung_;
 
-    Fusszeile fuss_{*this};
+    Fußzeile fuß_{*this};
     FolderList Dir1{*this, L"Dir1", {0, 0, 1200, 600}, {.visible = false}};
 
     static constexpr Rect Rahmenplatz{2205, 2520, 7470, 4530};
@@ -90,11 +94,12 @@ private:
                                       return Rect{1365, 630 + 420 * i, 4320, 435};
                                   },
                                   [this](int i) {
-                                      return LabelLook{.font = {courier, 18, true},
-                                                       .wrap = false,
-                                                       .pointer = Pointer::hand,
-                                                       .mouseDown = [this, i] { LblGruppe_MouseDown(i); },
-                                                       .mouseMove = [this, i] { LblGruppe_MouseMove(i); }};
+                                      return LabelLook{
+                                          .font = {courier, 18, true},
+                                          .wrap = false,
+                                          .pointer = Pointer::hand,
+                                          .mouseDown = [this, i](MouseButton) { LblGruppe_MouseDown(i); },
+                                          .mouseMove = [this, i] { LblGruppe_MouseMove(i); }};
                                   }};
     ScrollBar ScrGruppe{frmKlasse,
                         L"ScrGruppe",
@@ -108,9 +113,10 @@ private:
     FileList File1{frmNamen,
                    L"File1",
                    {1050, 525, 5370, 3675},
-                   {.pattern = L"*._", .font = {courier, 18, true}, .spoken = L"Namen", .mouseDown = [this] {
-                        File1_MouseDown();
-                    }}};
+                   {.pattern = L"*._",
+                    .font = {courier, 18, true},
+                    .spoken = L"Namen",
+                    .mouseDown = [this](MouseButton) { File1_MouseDown(); }}};
     TextBox txtKeineKonten{frmNamen,
                            L"txtKeineKonten",
                            {1050, 525, 5370, 3690},

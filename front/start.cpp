@@ -1,12 +1,13 @@
 #include "front/start.h"
 
-#include "store/kontodatei.h"
+#include "screens/formnamen.h"
+#include "screens/meldungen.h"
 #include "store/mdl_dir.h"
 
 namespace klopfmeise {
 
 frmStart::frmStart(const Umgebung& umgebung)
-    : Form(umgebung.runtime, L"frmStart",
+    : Form(umgebung.runtime, formname::frmStart,
            {.kind = FormKind::splash,
             .caption = L"Klopfmeise starten...",
             .width = 7200,
@@ -28,27 +29,23 @@ void frmStart::Form_Activate() {
     }
     global.Programmpfad = dienste.shell.programFolder() + L"\\";
     global.Datenpfad = DatenablageLesen(dienste);
-    if (!zulaessigeDatenablage(dienste.files, global.Datenpfad)) {
-        ablauf.message({.text = L"Der eingestellte Ordner '" + dienste.files.shown(global.Datenpfad) +
-                                L"' ist kein zulässiger Ordner für die Datenablage.\n\n" +
-                                DatenablageErklaerung,
-                        .title = DatenablageUnzulaessig,
-                        .icon = MessageIcon::stop});
+    if (!zulässigeDatenablage(dienste.files, global.Datenpfad)) {
+        datenablageAblehnen(umgebung_, L"eingestellte", global.Datenpfad);
         ablauf.unload(*this);
-        ablauf.unload(L"frmTemp");
-        ablauf.show(L"frmPfad");
+        ablauf.unload(formname::frmTemp);
+        ablauf.show(formname::frmPfad);
         return;
     }
     if (!LZF75Test())
         return;
     ablauf.unload(*this);
-    ablauf.show(L"frmTemp");
-    ablauf.show(L"Lern1");
+    ablauf.show(formname::frmTemp);
+    ablauf.show(formname::Lern1);
 }
 
 bool frmStart::LZF75Test() {
     const std::wstring& Datenpfad = umgebung_.global.Datenpfad;
-    if (Kontodatei(umgebung_.dateien(), Datenpfad + L"lzf75.tst").schreibenText(1, L"Test"))
+    if (schreibprobe(umgebung_.dateien(), Datenpfad))
         return true;
     runtime().message(
         {.text = L"Schreibrecht für Datenablage nicht gegeben!\n\nDer momentan angemeldete Windows-Benutzer "

@@ -1,8 +1,9 @@
 #pragma once
 
 #include "platform/controls/drawn.h"
-#include "platform/controls/windowed.h"
+#include "platform/controls/panels.h"
 #include "platform/forms/form.h"
+#include "screens/formnamen.h"
 #include "screens/umgebung.h"
 
 namespace klopfmeise {
@@ -37,7 +38,7 @@ private:
 class frmTemp final : public Form {
 public:
     explicit frmTemp(const Umgebung& umgebung)
-        : Form(umgebung.runtime, L"frmTemp", {.kind = FormKind::backdrop, .back = colors::paleGrey}) {}
+        : Form(umgebung.runtime, formname::frmTemp, {.kind = FormKind::backdrop, .back = colors::paleGrey}) {}
 };
 
 } // namespace klopfmeise

@@ -13,7 +13,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (const int stufe : {1, 12, -5}) {
         const Lektion lektion = lektionAus(bytes, stufe);
         const bool zahlGut = !lektion.Stufenzahl ||
-                             (*lektion.Stufenzahl >= 1 && *lektion.Stufenzahl <= Lektion::hoechsteStufenzahl);
+                             (*lektion.Stufenzahl >= 1 && *lektion.Stufenzahl <= Lektion::höchsteStufenzahl);
         const bool textGut = !lektion.stufe || !lektion.stufe->Stufentext.empty();
         if (!zahlGut || !textGut)
             std::abort();

@@ -1,5 +1,7 @@
 #include "screens/bildwechsel.h"
 
+#include "screens/formnamen.h"
+
 namespace klopfmeise {
 
 void Bildwechsel(const Umgebung& umgebung, Form& aktuell, std::wstring_view ziel) {
@@ -7,10 +9,10 @@ void Bildwechsel(const Umgebung& umgebung, Form& aktuell, std::wstring_view ziel
     // Asked before anything is unloaded: nobody shall be left in front of an empty backdrop.
     if (!runtime.available(ziel))
         return;
-    Form* frmTemp = runtime.load(L"frmTemp");
+    Form* frmTemp = runtime.load(formname::frmTemp);
     if (frmTemp) {
         frmTemp->setEnabled(true);
-        runtime.show(L"frmTemp");
+        runtime.show(formname::frmTemp);
         frmTemp->repaint();
     }
     runtime.unload(aktuell);

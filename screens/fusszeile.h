@@ -3,18 +3,17 @@
 #include "platform/controls/drawn.h"
 #include "screens/umgebung.h"
 
+#include <optional>
+
 namespace klopfmeise {
 
 /// The labels at the foot of every full-screen form that name child, class and exercise.
-struct Fusszeile {
+struct Fußzeile {
     /// `Übung` is the exercise's title, on the ground `grund`.
-    explicit Fusszeile(Container& form, std::wstring Übung = L"", Color grund = colors::white)
-        : Label3_1(form, L"Label3", {105, 7980, 840, 240}, {.caption = L"Name:"}, 1)
-        , Label3_0(form, L"Label3", {105, 8295, 840, 240}, {.caption = L"Klasse:"}, 0)
-        , Label3_13(form, L"Label3", {105, 8610, 840, 240}, {.caption = L"Übung:"}, 13)
-        , LblName(form, L"LblName", {945, 7980, 2640, 225}, feld(L"", colors::white))
-        , LblKlasse(form, L"LblKlasse", {945, 8295, 2640, 225}, feld(L"", colors::white))
-        , LblÜb(form, L"LblÜb", {945, 8610, 2640, 225}, feld(std::move(Übung), grund)) {}
+    explicit Fußzeile(Container& form, std::wstring Übung = L"", Color grund = colors::white);
+
+    /// Names the chosen child and class.
+    void kindZeigen(const Globale& global);
 
     Label Label3_1;
     Label Label3_0;
@@ -22,11 +21,40 @@ struct Fusszeile {
     Label LblName;
     Label LblKlasse;
     Label LblÜb;
+};
+
+/// What differs from exercise to exercise at its foot.
+struct ÜbungsfußLook {
+    /// Number of the exercise in the menu.
+    int übung = 0;
+    Color grund = colors::white;
+    /// The third button, left of the two others, mostly a `bildknopf`; none without a picture.
+    PictureLook neu = {};
+    int hilfeIndex = 0;
+    /// What else is done when the exercise is left.
+    Handler gegangen = {};
+};
+
+/// The foot of an exercise: the labels, and the buttons for help, for leaving and one of its own.
+class Übungsfuß {
+public:
+    Übungsfuß(Form& form, const Umgebung& umgebung, ÜbungsfußLook look);
+
+    /// Names the chosen child and class.
+    void kindZeigen() { angaben_.kindZeigen(umgebung_.global); }
 
 private:
-    static LabelLook feld(std::wstring text, Color grund) {
-        return {.caption = std::move(text), .back = grund, .align = Align::center, .wrap = false};
-    }
+    void imgHilfe_Click();
+    void imgEnde_Click();
+
+    Form& form_;
+    Umgebung umgebung_;
+    Handler gegangen_;
+
+    Fußzeile angaben_;
+    std::optional<Picture> imgNeu;
+    Picture imgHilfe;
+    Picture imgEnde;
 };
 
 } // namespace klopfmeise

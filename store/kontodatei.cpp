@@ -8,11 +8,11 @@ namespace klopfmeise {
 
 namespace {
 
-constexpr int angelegteSaetze = 100;
-constexpr std::int16_t ueblicheDurchgangszahl = 3;
+constexpr int angelegteSätze = 100;
+constexpr std::int16_t üblicheDurchgangszahl = 3;
 
 std::int64_t anfang(int satz) {
-    return std::int64_t{satz - 1} * static_cast<std::int64_t>(Kontodatei::Satzlaenge);
+    return std::int64_t{satz - 1} * static_cast<std::int64_t>(Kontodatei::Satzlänge);
 }
 
 } // namespace
@@ -24,7 +24,7 @@ Kontodatei::Kontodatei(Files& dateien, const std::wstring& pfad)
 std::string Kontodatei::lesenBytes(int satz) {
     if (!datei_)
         return {};
-    auto bytes = datei_->read(anfang(satz), Satzlaenge);
+    auto bytes = datei_->read(anfang(satz), Satzlänge);
     gut_ = gut_ && bytes.has_value();
     return bytes.value_or(std::string());
 }
@@ -38,21 +38,21 @@ bool Kontodatei::schreibenBytes(int satz, const std::string& bytes) {
 Wert Kontodatei::lesen(int satz) { return wertAus(lesenBytes(satz)); }
 
 bool Kontodatei::schreiben(int satz, const Wert& wert) {
-    return schreibenBytes(satz, bytesAus(wert, Satzlaenge));
+    return schreibenBytes(satz, bytesAus(wert, Satzlänge));
 }
 
 std::wstring Kontodatei::lesenText(int satz) {
     const std::string bytes = lesenBytes(satz);
     if (bytes.size() < 2)
         return {};
-    const auto laenge = static_cast<std::size_t>(static_cast<unsigned char>(bytes[0])) |
-                        static_cast<std::size_t>(static_cast<unsigned char>(bytes[1])) << 8;
-    return laenge + 2 > bytes.size() ? std::wstring()
-                                     : fromWindows1252(std::string_view(bytes).substr(2, laenge));
+    const auto länge = static_cast<std::size_t>(static_cast<unsigned char>(bytes[0])) |
+                       static_cast<std::size_t>(static_cast<unsigned char>(bytes[1])) << 8;
+    return länge + 2 > bytes.size() ? std::wstring()
+                                    : fromWindows1252(std::string_view(bytes).substr(2, länge));
 }
 
 bool Kontodatei::schreibenText(int satz, std::wstring_view text) {
-    const std::string inhalt = toWindows1252(text).substr(0, Satzlaenge - 2);
+    const std::string inhalt = toWindows1252(text).substr(0, Satzlänge - 2);
     std::string bytes;
     bytes += static_cast<char>(inhalt.size() & 0xFF);
     bytes += static_cast<char>(inhalt.size() >> 8);
@@ -60,14 +60,14 @@ bool Kontodatei::schreibenText(int satz, std::wstring_view text) {
 }
 
 bool Kontodatei::WerteSchreiben() {
-    std::string bild(angelegteSaetze * Satzlaenge, '\0');
+    std::string bild(angelegteSätze * Satzlänge, '\0');
     const auto einsetzen = [&](int satz, std::int16_t zahl) {
-        const std::string wert = bytesAus(zahl, Satzlaenge);
+        const std::string wert = bytesAus(zahl, Satzlänge);
         std::ranges::copy(wert, bild.begin() + anfang(satz));
     };
-    for (int satz = 1; satz <= angelegteSaetze; ++satz)
+    for (int satz = 1; satz <= angelegteSätze; ++satz)
         einsetzen(satz, 0);
-    einsetzen(static_cast<int>(Kontosatz::Durchgangszahl), ueblicheDurchgangszahl);
+    einsetzen(static_cast<int>(Kontosatz::Durchgangszahl), üblicheDurchgangszahl);
     return schreibenBytes(1, bild);
 }
 

@@ -32,7 +32,7 @@ enum class Kontosatz : int {
 /// could not be read.
 class Kontodatei {
 public:
-    static constexpr std::size_t Satzlaenge = 128;
+    static constexpr std::size_t Satzlänge = 128;
 
     /// Opens for random access and creates a missing file.
     Kontodatei(Files& dateien, const std::wstring& pfad);

@@ -10,7 +10,7 @@ namespace klopfmeise {
 namespace {
 
 /// More than any lesson needs; what lies behind is not read.
-constexpr std::size_t groessteDatei = std::size_t{16} << 20;
+constexpr std::size_t größteDatei = std::size_t{16} << 20;
 
 /// Takes the next line off `rest`; none at the end of the text.
 std::optional<std::string_view> zeile(std::string_view& rest) {
@@ -30,7 +30,7 @@ std::wstring textOderLeer(std::optional<std::string_view> text) {
 
 std::optional<int> stufenzahl(const std::wstring& text) {
     const auto zahl = spelledNumber(text);
-    if (!zahl || *zahl != std::floor(*zahl) || *zahl < 1 || *zahl > Lektion::hoechsteStufenzahl)
+    if (!zahl || *zahl != std::floor(*zahl) || *zahl < 1 || *zahl > Lektion::höchsteStufenzahl)
         return std::nullopt;
     return static_cast<int>(*zahl);
 }
@@ -56,7 +56,7 @@ Lektion lektionAus(std::string_view bytes, int Stufennummer) {
 }
 
 Lektion lektionLesen(Files& dateien, const std::wstring& pfad, int Stufennummer) {
-    return lektionAus(dateien.readAll(pfad, groessteDatei).value_or(std::string()), Stufennummer);
+    return lektionAus(dateien.readAll(pfad, größteDatei).value_or(std::string()), Stufennummer);
 }
 
 } // namespace klopfmeise

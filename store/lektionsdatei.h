@@ -8,6 +8,9 @@
 
 namespace klopfmeise {
 
+/// Lessons of the course.
+inline constexpr int Lektionenzahl = 30;
+
 /// What a Lektionsdatei tells of one stage.
 struct Stufe {
     std::wstring Stufentitel;
@@ -17,17 +20,17 @@ struct Stufe {
 
 /// The head of a Lektionsdatei and the stage that was looked for, as far as the file holds them.
 struct Lektion {
-    /// Number of stages; none where the line is missing or no number from 1 to `hoechsteStufenzahl`.
+    /// Number of stages; none where the line is missing or no number from 1 to `höchsteStufenzahl`.
     std::optional<int> Stufenzahl;
     std::wstring Lektionsart;
     std::wstring Lektionstitel;
     /// None where the marker or one of its three lines is missing, or the text is empty.
     std::optional<Stufe> stufe;
 
-    static constexpr int hoechsteStufenzahl = 999;
+    static constexpr int höchsteStufenzahl = 999;
 
     /// True if a child can work on the stage.
-    bool vollstaendig() const { return Stufenzahl && stufe; }
+    bool vollständig() const { return Stufenzahl && stufe; }
     bool einzeiler() const { return Lektionsart == L"Einzeiler"; }
 };
 

@@ -1,6 +1,7 @@
 #include "store/mdl_dir.h"
 
 #include "platform/values/text.h"
+#include "store/kontodatei.h"
 #include "store/mdl_registry.h"
 
 #include <algorithm>
@@ -31,23 +32,17 @@ std::wstring DatenablageLesen(Services& dienste) {
     return mitBackslash(dienste.files.entered(wert));
 }
 
-bool zulaessigeDatenablage(Files& dateien, const std::wstring& ordner) {
+bool zulässigeDatenablage(Files& dateien, const std::wstring& ordner) {
     constexpr std::array marken{L"Gruppen\\kme.ein", L"Data\\Tastatur\\Lektion1.bmp",
                                 L"Data\\Texte\\Text_001.txt"};
-    constexpr std::size_t kuerzester = 4;
+    constexpr std::size_t kürzester = 4;
     return std::ranges::all_of(
                marken, [&](const wchar_t* marke) { return DateiVorhanden(dateien, ordner + marke); }) &&
-           ordner.size() >= kuerzester && dateien.folderExists(ordner);
+           ordner.size() >= kürzester && dateien.folderExists(ordner);
 }
 
-const wchar_t* const DatenablageErklaerung =
-    L"Für eine Datenablage kommt ausschließlich jener Ordner in Frage, den Klopfmeise während der "
-    L"Installation standardmäßig in den von Windows dafür vorgesehenen Ordner kopiert (bei Windows XP ist "
-    L"das z. B. 'C:\\Dokumente und Einstellungen\\All Users\\Anwendungsdaten\\Klopfmeise\\', bei Vista ist "
-    L"es 'C:\\Program Data\\Klopfmeise\\.'), oder den Sie als Anwender manuell an einem anderen Ort (z. B. "
-    L"'C:\\Klopfmeise-Daten' oder '\\\\server\\Klopfmeise-Daten') angelegt haben (z. B. durch Kopie des "
-    L"standardmäßigen Ordners). In jedem Fall muss der Ordner für die Datenablage folgende Unterordner samt "
-    L"aller weiteren Unterordner und Dateien besitzen: Data, Gruppen. Selbstverständlich ist dieser Ordner "
-    L"mit vollen Lese- und Schreibrechten für alle Benutzer freizugeben.";
+bool schreibprobe(Files& dateien, const std::wstring& ordner) {
+    return Kontodatei(dateien, ordner + L"lzf75.tst").schreibenText(1, L"Test");
+}
 
 } // namespace klopfmeise

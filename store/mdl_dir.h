@@ -21,10 +21,10 @@ std::wstring DatenablageLesen(Services& dienste);
 
 /// Whether a folder, given with its closing backslash, can be the data folder: the three marker files, four
 /// characters at the least, and a directory.
-bool zulaessigeDatenablage(Files& dateien, const std::wstring& ordner);
+bool zulässigeDatenablage(Files& dateien, const std::wstring& ordner);
 
-/// What a data folder has to be, for the messages that refuse one.
-extern const wchar_t* const DatenablageErklaerung;
-inline constexpr const wchar_t* DatenablageUnzulaessig = L"Kein zulässiger Ordner für die Datenablage";
+/// Writes the test file of start-up, `lzf75.tst`, into the data folder; it stays behind. False if the folder
+/// cannot be written.
+bool schreibprobe(Files& dateien, const std::wstring& ordner);
 
 } // namespace klopfmeise

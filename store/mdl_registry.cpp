@@ -31,26 +31,26 @@ std::string mitNullen(const std::string& text) {
 
 } // namespace
 
-RegistryStatus RegistrySchluesselDa(Registry& registry, std::uint32_t bereich, std::wstring_view schluessel) {
-    const auto offen = registry.open(bereich, toWindows1252(schluessel), lesezugriff);
+RegistryStatus RegistrySchluesselDa(Registry& registry, std::uint32_t bereich, std::wstring_view schlüssel) {
+    const auto offen = registry.open(bereich, toWindows1252(schlüssel), lesezugriff);
     if (offen.status == RegistryStatus::success)
         registry.close(offen.handle);
     return offen.status;
 }
 
 std::uint32_t RegistrySchluesselAnlegen(Registry& registry, std::uint32_t bereich,
-                                        std::wstring_view schluessel) {
-    const auto neu = registry.create(bereich, toWindows1252(schluessel), schreibzugriff);
+                                        std::wstring_view schlüssel) {
+    const auto neu = registry.create(bereich, toWindows1252(schlüssel), schreibzugriff);
     if (neu.status == RegistryStatus::success && registry.flush(neu.handle) == RegistryStatus::success)
         registry.close(neu.handle);
     return neu.disposition;
 }
 
-RegistryStatus RegistrySchreiben(Registry& registry, std::uint32_t bereich, std::wstring_view schluessel,
+RegistryStatus RegistrySchreiben(Registry& registry, std::uint32_t bereich, std::wstring_view schlüssel,
                                  std::wstring_view name, const Wert& wert, bool mehrzeilig, bool anlegen) {
     if (anlegen) {
-        RegistrySchluesselDa(registry, bereich, schluessel);
-        RegistrySchluesselAnlegen(registry, bereich, schluessel);
+        RegistrySchluesselDa(registry, bereich, schlüssel);
+        RegistrySchluesselAnlegen(registry, bereich, schlüssel);
     }
     Registry::Value inhalt;
     if (const auto* text = std::get_if<std::wstring>(&wert)) {
@@ -62,7 +62,7 @@ RegistryStatus RegistrySchreiben(Registry& registry, std::uint32_t bereich, std:
     } else if (const auto* lang = std::get_if<std::int32_t>(&wert)) {
         inhalt = {Registry::Type::dword, dwordBytes(*lang)};
     }
-    const auto offen = registry.open(bereich, toWindows1252(schluessel), schreibzugriff);
+    const auto offen = registry.open(bereich, toWindows1252(schlüssel), schreibzugriff);
     if (offen.status != RegistryStatus::success)
         return offen.status;
     if (inhalt.type != Registry::Type::none)
@@ -70,9 +70,9 @@ RegistryStatus RegistrySchreiben(Registry& registry, std::uint32_t bereich, std:
     return registry.close(offen.handle);
 }
 
-RegistryStatus RegistryLesen(Registry& registry, std::uint32_t bereich, std::wstring_view schluessel,
+RegistryStatus RegistryLesen(Registry& registry, std::uint32_t bereich, std::wstring_view schlüssel,
                              std::wstring_view name, Wert& ziel) {
-    const auto offen = registry.open(bereich, toWindows1252(schluessel), lesezugriff);
+    const auto offen = registry.open(bereich, toWindows1252(schlüssel), lesezugriff);
     if (offen.status != RegistryStatus::success)
         return offen.status;
     Registry::Value inhalt;
@@ -96,7 +96,7 @@ RegistryStatus RegistryLesen(Registry& registry, std::uint32_t bereich, std::wst
 
 std::wstring RegistryText(Registry& registry, std::wstring_view name) {
     Wert wert;
-    RegistryLesen(registry, Maschine, Programmschluessel, name, wert);
+    RegistryLesen(registry, Maschine, Programmschlüssel, name, wert);
     const auto* text = std::get_if<std::wstring>(&wert);
     return text ? *text : std::wstring();
 }

@@ -21,7 +21,7 @@ std::uint64_t ganzAus(std::string_view bytes) {
     return zahl;
 }
 
-void anfuegen(std::string& bytes, std::uint64_t zahl, int breite) {
+void anfügen(std::string& bytes, std::uint64_t zahl, int breite) {
     for (int i = 0; i < breite; ++i)
         bytes += static_cast<char>(zahl >> (8 * i) & 0xFF);
 }
@@ -53,8 +53,8 @@ Wert wertAus(std::string_view bytes) {
         break;
     case zeichenkette:
         if (hat(2))
-            if (const auto laenge = static_cast<std::size_t>(ganzAus(daten.substr(0, 2))); hat(2 + laenge))
-                return fromWindows1252(daten.substr(2, laenge));
+            if (const auto länge = static_cast<std::size_t>(ganzAus(daten.substr(0, 2))); hat(2 + länge))
+                return fromWindows1252(daten.substr(2, länge));
         break;
     default:
         break;
@@ -64,23 +64,23 @@ Wert wertAus(std::string_view bytes) {
 
 std::string bytesAus(const Wert& wert, std::size_t platz) {
     std::string bytes;
-    const auto marke = [&](Marke m) { anfuegen(bytes, m, markenbreite); };
+    const auto marke = [&](Marke m) { anfügen(bytes, m, markenbreite); };
     if (const auto* i = std::get_if<std::int16_t>(&wert)) {
         marke(integer);
-        anfuegen(bytes, static_cast<std::uint16_t>(*i), 2);
+        anfügen(bytes, static_cast<std::uint16_t>(*i), 2);
     } else if (const auto* l = std::get_if<std::int32_t>(&wert)) {
         marke(lang);
-        anfuegen(bytes, static_cast<std::uint32_t>(*l), 4);
+        anfügen(bytes, static_cast<std::uint32_t>(*l), 4);
     } else if (const auto* f = std::get_if<float>(&wert)) {
         marke(einfach);
-        anfuegen(bytes, std::bit_cast<std::uint32_t>(*f), 4);
+        anfügen(bytes, std::bit_cast<std::uint32_t>(*f), 4);
     } else if (const auto* d = std::get_if<double>(&wert)) {
         marke(doppelt);
-        anfuegen(bytes, std::bit_cast<std::uint64_t>(*d), 8);
+        anfügen(bytes, std::bit_cast<std::uint64_t>(*d), 8);
     } else if (const auto* s = std::get_if<std::wstring>(&wert)) {
         marke(zeichenkette);
         const std::string text = toWindows1252(*s).substr(0, platz - 2 * markenbreite);
-        anfuegen(bytes, text.size(), 2);
+        anfügen(bytes, text.size(), 2);
         bytes += text;
     } else {
         marke(leer);
@@ -114,6 +114,8 @@ bool gleich(const Wert& wert, std::wstring_view text) {
     const auto* eigen = std::get_if<std::wstring>(&wert);
     return eigen && *eigen == text;
 }
+
+Wert oderNull(const Wert& wert) { return gleich(wert, L"") ? Wert(std::int16_t{0}) : wert; }
 
 std::wstring textAus(const Wert& wert, wchar_t dezimalzeichen) {
     if (const auto* text = std::get_if<std::wstring>(&wert))

@@ -1,12 +1,14 @@
 #include "teacher/frm_abbildung.h"
 
+#include "screens/formnamen.h"
 #include "screens/lektionsarchiv.h"
+#include "store/lektionsdatei.h"
 #include "store/pfade.h"
 
 namespace klopfmeise {
 
 frmAbbildung::frmAbbildung(const Umgebung& umgebung)
-    : Form(umgebung.runtime, L"frmAbbildung",
+    : Form(umgebung.runtime, formname::frmAbbildung,
            {.kind = FormKind::window,
             .caption = L"Tastatur",
             .width = 10770,

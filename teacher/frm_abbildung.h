@@ -2,7 +2,7 @@
 
 #include "platform/controls/control_array.h"
 #include "platform/controls/drawn.h"
-#include "platform/controls/windowed.h"
+#include "platform/controls/panels.h"
 #include "platform/forms/form.h"
 #include "screens/umgebung.h"
 

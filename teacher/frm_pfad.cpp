@@ -1,12 +1,14 @@
 #include "teacher/frm_pfad.h"
 
+#include "screens/formnamen.h"
+#include "screens/meldungen.h"
 #include "store/mdl_dir.h"
 #include "store/mdl_registry.h"
 
 namespace klopfmeise {
 
 frmPfad::frmPfad(const Umgebung& umgebung)
-    : Form(umgebung.runtime, L"frmPfad",
+    : Form(umgebung.runtime, formname::frmPfad,
            {.kind = FormKind::window,
             .caption = L"Datenablage",
             .width = 10920,
@@ -57,12 +59,8 @@ void frmPfad::cmdNeuerPfad_Click() {
     Files& dateien = umgebung_.dateien();
     const std::wstring neu = mitBackslash(dateien.entered(txtPfadNeu.text()));
     txtPfadNeu.setText(gezeigt(neu));
-    if (!zulaessigeDatenablage(dateien, neu)) {
-        runtime().message({.text = L"Der angegebene Ordner '" + gezeigt(neu) +
-                                   L"' ist kein zulässiger Ordner für die Datenablage.\n\n" +
-                                   DatenablageErklaerung,
-                           .title = DatenablageUnzulaessig,
-                           .icon = MessageIcon::stop});
+    if (!zulässigeDatenablage(dateien, neu)) {
+        datenablageAblehnen(umgebung_, L"angegebene", neu);
         return;
     }
     umgebung_.global.Datenpfad = neu;
@@ -71,9 +69,8 @@ void frmPfad::cmdNeuerPfad_Click() {
 }
 
 void frmPfad::OrdnerÜbernehmen() {
-    const RegistryStatus status =
-        RegistrySchreiben(umgebung_.dienste().registry, Maschine, Programmschluessel, L"Datenablage",
-                          umgebung_.global.Datenpfad, true, true);
+    const RegistryStatus status = RegistrySchreiben(umgebung_.dienste().registry, Maschine, Programmschlüssel,
+                                                    L"Datenablage", umgebung_.global.Datenpfad, true, true);
     if (status == RegistryStatus::success)
         runtime().message(
             {.text = L"Der neue Ordner für die Datenablage wurde erfolgreich in KLOPFMEISE eingebunden. "
@@ -81,15 +78,7 @@ void frmPfad::OrdnerÜbernehmen() {
              .title = L"Datenablage",
              .icon = MessageIcon::information});
     else
-        runtime().message(
-            {.text = L"Sie müssen als Administrator angemeldet sein, um die von Ihnen gewünschte Einstellung "
-                     L"vornehmen zu können. Im Moment sind Sie lediglich als eingeschränkter Benutzer "
-                     L"angemeldet bzw. als ein Benutzer, der nicht über das Recht verfügt, Schreibvorgänge "
-                     L"in der Windows-Registry vorzunehmen. Wechseln Sie also den Windows-Benutzer und "
-                     L"melden Sie sich als Administrator an und nehmen Sie die von Ihnen gewünschte "
-                     L"Einstellung erneut vor! Klopfmeise beendet sich jetzt automatisch.",
-             .title = L"Hinweis",
-             .icon = MessageIcon::information});
+        administratorVerlangen(umgebung_, L"KLOPFMEISE");
     runtime().end();
 }
 

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "platform/controls/button.h"
 #include "platform/controls/drawn.h"
-#include "platform/controls/windowed.h"
+#include "platform/controls/panels.h"
+#include "platform/controls/text_box.h"
 #include "platform/forms/form.h"
 #include "screens/umgebung.h"
+#include "screens/zeichencodes.h"
 
 namespace klopfmeise {
 
@@ -107,12 +110,13 @@ private:
                  L"Frame1",
                  {210, 6030, 10500, 900},
                  {.caption = L"NEUEN ORDNER FÜR DIE DATENABLAGE WÄHLEN", .font = textschrift}};
-    TextBox txtPfadNeu{Frame1,
-                       L"txtPfadNeu",
-                       {150, 345, 8250, 405},
-                       {.font = {courier, 12},
-                        .spoken = L"Neuer Ordner für die Datenablage",
-                        .keys = {.press = [](KeyPress& taste) { taste.swallowed = taste.code == 13; }}}};
+    TextBox txtPfadNeu{
+        Frame1,
+        L"txtPfadNeu",
+        {150, 345, 8250, 405},
+        {.font = {courier, 12},
+         .spoken = L"Neuer Ordner für die Datenablage",
+         .keys = {.press = [](KeyPress& taste) { taste.swallowed = taste.code == CodeEingabe; }}}};
     Button cmdNeuerPfad{Frame1,
                         L"cmdNeuerPfad",
                         {8550, 345, 1800, 405},

@@ -2,7 +2,7 @@
 
 #include "formen.h"
 #include "platform/controls/drawn.h"
-#include "platform/controls/windowed.h"
+#include "platform/controls/lists.h"
 #include "platform/values/text.h"
 #include "platform/values/windows1252.h"
 
@@ -77,12 +77,16 @@ void Bühne::zurÜbung(int nummer) {
     user.click(L"cmdÜbung", nummer);
 }
 
-void Bühne::öffnen(std::wstring_view form) {
+void Bühne::kindWählen() {
     global.Programmpfad = L"\\opt\\klopfmeise\\";
     global.Datenpfad = logikpfad(daten()) + L"\\";
     global.AktuelleKlasse = L"Hasen\\";
     global.AktuellesKonto = L"Mia._";
     global.KlasseGewaehlt = 1;
+}
+
+void Bühne::öffnen(std::wstring_view form) {
+    kindWählen();
     runtime.show(L"frmTemp");
     runtime.show(form);
 }
@@ -100,7 +104,7 @@ Wert Bühne::satz(Kontosatz satz) { return Kontodatei(echteDateien, logikpfad(ko
 
 std::string Bühne::slot(int nummer, std::size_t bytes) {
     const std::string inhalt = dateiinhalt(konto());
-    const auto anfang = static_cast<std::size_t>(nummer - 1) * Kontodatei::Satzlaenge;
+    const auto anfang = static_cast<std::size_t>(nummer - 1) * Kontodatei::Satzlänge;
     return anfang < inhalt.size() ? inhalt.substr(anfang, bytes) : std::string();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/headless/headless_backend.h"
+#include "platform/headless/headless_user.h"
 #include "platform/machine/posix_files.h"
 #include "screens/umgebung.h"
 #include "store/kontodatei.h"
@@ -45,6 +46,8 @@ public:
     void start();
     /// From the title page to an exercise of the menu by its number.
     void zurÜbung(int nummer);
+    /// Sets the globals as the title page would for class and child.
+    void kindWählen();
     /// Straight to a screen, as the menu would open it.
     void öffnen(std::wstring_view form);
 

@@ -1,5 +1,7 @@
 #include "tools/kursdatei.h"
 
+#include "platform/values/utf8.h"
+
 #include <algorithm>
 #include <fstream>
 #include <iterator>
@@ -17,23 +19,12 @@ namespace {
 std::wstring ausUtf8(std::string_view bytes, const std::string& name, std::size_t zeile) {
     std::wstring aus;
     for (std::size_t i = 0; i < bytes.size();) {
-        const auto erstes = static_cast<unsigned char>(bytes[i]);
-        const std::size_t länge = erstes < 0x80                     ? 1
-                                  : erstes >= 0xC2 && erstes < 0xE0 ? 2
-                                  : (erstes & 0xF0) == 0xE0         ? 3
-                                                                    : 0;
-        if (länge == 0 || i + länge > bytes.size())
+        const auto [zeichen, länge] = utf8CharacterAt(bytes, i);
+        if (länge == 0 || zeichen > 0xFFFF)
             melde(name, zeile, "kein gültiges UTF-8");
-        unsigned zeichen = länge == 1 ? erstes : länge == 2 ? erstes & 0x1Fu : erstes & 0x0Fu;
-        for (std::size_t k = 1; k < länge; ++k) {
-            const auto folge = static_cast<unsigned char>(bytes[i + k]);
-            if ((folge & 0xC0) != 0x80)
-                melde(name, zeile, "kein gültiges UTF-8");
-            zeichen = zeichen << 6 | (folge & 0x3Fu);
-        }
-        if (zeichen < 0x20 || (länge == 3 && (zeichen < 0x800 || (zeichen >= 0xD800 && zeichen < 0xE000))))
-            melde(name, zeile, zeichen < 0x20 ? "Steuerzeichen in der Zeile" : "kein gültiges UTF-8");
-        aus += static_cast<wchar_t>(zeichen);
+        if (zeichen < 0x20)
+            melde(name, zeile, "Steuerzeichen in der Zeile");
+        aus += zeichen;
         i += länge;
     }
     return aus;

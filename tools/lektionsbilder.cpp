@@ -79,7 +79,7 @@ Wissen lerne(const Kurslektion& lektion, int nummer, std::set<int> bekannt) {
     Wissen wissen{std::move(bekannt), {}, {}};
     for (const std::wstring& eintrag : lektion.tasten) {
         const wchar_t zeichen = eintrag.front();
-        const int taste = tasteFuer(zeichen);
+        const int taste = tasteFür(zeichen);
         if (taste == 0)
             throw std::runtime_error("Lektion " + std::to_string(nummer) + ": keine Taste für " +
                                      qt(eintrag).toStdString());
@@ -224,7 +224,7 @@ private:
     void finger(QPainter& maler, const std::set<int>& neueTasten) const {
         std::set<int> leuchtend;
         for (const int nummer : neueTasten) {
-            const std::vector<int> einer = fingerFuer(nummer);
+            const std::vector<int> einer = fingerFür(nummer);
             leuchtend.insert(einer.begin(), einer.end());
         }
         if (neueTasten.contains(TasteUmschaltLinks))

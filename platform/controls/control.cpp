@@ -1,7 +1,5 @@
 #include "platform/controls/control.h"
 
-#include "platform/forms/form.h"
-
 namespace klopfmeise {
 
 namespace {
@@ -9,17 +7,24 @@ namespace {
 constexpr int rim = 2 * twipsPerPixel;
 } // namespace
 
-Control::Control(Container& parent, std::wstring_view name, const Rect& place, int index)
+Control::Control(Kind kind, Container& parent, std::wstring_view name, const Rect& place, int index,
+                 State state)
     : parent_(parent)
     , name_(name)
+    , place_(place)
     , index_(index)
-    , place_(place) {
+    , kind_(kind)
+    , visible_(state.visible)
+    , enabled_(state.enabled) {
     parent_.enter(*this);
+    // Made while the form is on the screen: shown at the next idle moment, when it stands whole.
+    changed();
 }
 
 Control::~Control() {
-    if (FormView* view = form().view())
-        view->controlRemoved(*this);
+    if (Surface* surface = host().surface())
+        surface->controlRemoved(*this);
+    host().controlGone(*this);
     parent_.leave(*this);
 }
 
@@ -30,14 +35,14 @@ std::wstring Control::fullName() const {
     return name;
 }
 
-Form& Control::form() const { return parent_.ownerForm(); }
+Host& Control::host() const { return parent_.host(); }
 
 void Control::setPlace(const Rect& place) {
     if (place == place_)
         return;
-    FormView* view = form().view();
-    if (view && visible_ && !windowed())
-        view->areaDirty(parent_, place_.grown(rim));
+    Surface* surface = host().surface();
+    if (surface && visible_ && !windowed())
+        surface->areaDirty(parent_, place_.grown(rim));
     place_ = place;
     parent_.moved(*this);
     changed();
@@ -46,14 +51,12 @@ void Control::setPlace(const Rect& place) {
 void Control::setVisible(bool visible) {
     if (visible == visible_)
         return;
+    // A drawn control tells its area while it is visible, before it goes or after it came.
+    if (!visible)
+        changed();
     visible_ = visible;
-    FormView* view = form().view();
-    if (!view)
-        return;
-    if (windowed())
-        view->controlChanged(*this);
-    else
-        view->areaDirty(parent_, place_.grown(rim));
+    if (visible)
+        changed();
 }
 
 void Control::setEnabled(bool enabled) {
@@ -63,29 +66,29 @@ void Control::setEnabled(bool enabled) {
     changed();
 }
 
-void Control::setPointer(Pointer pointer) {
-    if (pointer == pointer_)
-        return;
-    pointer_ = pointer;
-    changed();
+bool Control::reachable() const {
+    for (const Control* at = this; at; at = at->parent_.asControl())
+        if (!at->visible_ || !at->enabled_)
+            return false;
+    return true;
 }
 
 void Control::changed() {
-    FormView* view = form().view();
-    if (!view)
+    Surface* surface = host().surface();
+    if (!surface)
         return;
     if (windowed())
-        view->controlChanged(*this);
+        surface->controlChanged(*this);
     else if (visible_)
-        view->areaDirty(parent_, place_.grown(rim));
+        surface->areaDirty(parent_, place_.grown(rim));
 }
 
 void Control::repaint() {
-    if (FormView* view = form().view())
-        view->paintNow(parent_, place_.grown(rim));
+    if (Surface* surface = host().surface())
+        surface->paintNow(parent_, place_.grown(rim));
 }
 
-void Control::setFocus() { form().setFocus(*this); }
+void Control::setFocus() { host().setFocus(*this); }
 
 void Container::enter(Control& control) {
     control.slot_ = controls_.size();
@@ -105,7 +108,7 @@ void Container::moved(const Control& control) { places_.set(control.slot_, contr
 Control* Container::drawnControlAt(int x, int y) const {
     for (std::size_t slot = controls_.size(); slot-- > 0;) {
         Control& control = *controls_[slot];
-        if (control.visible() && !control.windowed() && control.takesMouse() &&
+        if (control.visible() && !control.windowed() && takesMouse(control.kind()) &&
             control.place().contains(x, y))
             return &control;
     }

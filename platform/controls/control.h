@@ -1,50 +1,69 @@
 #pragma once
 
+#include "platform/controls/events.h"
+#include "platform/controls/surface.h"
 #include "platform/values/geometry.h"
 #include "platform/values/place_list.h"
 
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace klopfmeise {
 
-class Container;
-class Form;
-
 enum class Align { left, right, center };
 enum class Pointer { normal, hand };
 
-/// A handler of a control; empty where the control has none.
-using Handler = std::function<void()>;
-
-/// A key press on its way to a control; a handler can swallow it, so that the control does not get it.
-struct KeyPress {
-    /// Character code in Windows-1252, 8 for backspace, 13 for Enter.
-    int code = 0;
-    bool swallowed = false;
+/// What a control is. A backend decides by it, in a switch or through `visit`, and by nothing else.
+enum class Kind {
+    label,
+    picture,
+    shape,
+    line,
+    frame,
+    pictureBox,
+    button,
+    textBox,
+    richTextBox,
+    fileList,
+    folderList,
+    scrollBar,
+    slider,
+    optionButton,
+    checkBox
 };
 
-/// One control of a form: plain data that the form's rules read and set, told to the backend's view at each
+/// True for controls that a backend shows as a window of its toolkit; the others are painted by their
+/// container.
+constexpr bool isWindowed(Kind kind) { return kind >= Kind::frame; }
+/// False for drawn controls that the mouse goes through.
+constexpr bool takesMouse(Kind kind) { return kind != Kind::shape && kind != Kind::line; }
+
+/// One control of a form: plain data that the form's rules read and set, told to the form's surface at each
 /// change. A control registers itself with its container when made and leaves it when destroyed; later made
-/// lies above.
+/// lies above and comes later in the chain of the Tab key. What the program sets calls no handler; what the
+/// user does comes in through operations of its own and calls them.
 class Control {
 public:
     static constexpr int noIndex = -1;
 
-    Control(Container& parent, std::wstring_view name, const Rect& place, int index = noIndex);
     virtual ~Control();
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
 
+    Kind kind() const { return kind_; }
+    /// Each class of controls tells which kinds are its own; this one holds all.
+    static constexpr bool is(Kind) { return true; }
+    bool windowed() const { return isWindowed(kind_); }
     /// The name in the code; a literal, so that a view of it suffices.
     std::wstring_view name() const { return name_; }
     int index() const { return index_; }
     /// The name with the index of a control array behind it, as in "LblGruppe(3)".
     std::wstring fullName() const;
     Container& parent() const { return parent_; }
-    Form& form() const;
+    Host& host() const;
+    /// What this control holds, where it is a frame or picture box; else null.
+    virtual Container* asContainer() { return nullptr; }
 
     const Rect& place() const { return place_; }
     int left() const { return place_.left; }
@@ -65,51 +84,50 @@ public:
     void hide() { setVisible(false); }
     bool enabled() const { return enabled_; }
     void setEnabled(bool enabled);
-    const std::wstring& toolTip() const { return toolTip_; }
-    Pointer pointer() const { return pointer_; }
-    void setPointer(Pointer pointer);
+    /// True if the user can get at it: neither it nor a container of it is hidden or disabled.
+    bool reachable() const;
 
-    /// True for controls that a backend shows as a window of its toolkit; the others are painted by their
-    /// container.
-    virtual bool windowed() const { return true; }
-    /// False for drawn controls that the mouse goes through: shapes and lines.
-    virtual bool takesMouse() const { return true; }
-    /// What assistive technology reads out as the control's name: caption or tool tip.
-    virtual std::wstring spokenName() const { return toolTip_; }
+    virtual const std::wstring& toolTip() const = 0;
+    virtual Pointer pointer() const = 0;
+    /// What assistive technology reads out as the control's name.
+    virtual const std::wstring& spokenName() const = 0;
+    virtual const Handler& click() const = 0;
+    virtual const MouseHandler& mouseDown() const = 0;
+    virtual const Handler& mouseMove() const = 0;
+    /// Empty for controls that leave the keys to their widget and to the form.
+    virtual const KeyHandlers& keys() const = 0;
 
     /// Shows pending changes of this control at once, inside a handler too.
     void repaint();
     void setFocus();
 
-    Handler click;
-    Handler mouseDown;
-    Handler mouseMove;
-
 protected:
-    /// Tells the view that the control has to be shown anew.
+    /// How a control stands when it is made.
+    struct State {
+        bool visible = true;
+        bool enabled = true;
+    };
+
+    Control(Kind kind, Container& parent, std::wstring_view name, const Rect& place, int index, State state);
+    /// Tells the surface that the control has to be shown anew.
     void changed();
-    void setToolTip(std::wstring text) { toolTip_ = std::move(text); }
-    void startHidden() { visible_ = false; }
-    void startDisabled() { enabled_ = false; }
-    void startWithPointer(Pointer pointer) { pointer_ = pointer; }
 
 private:
     friend class Container;
 
     Container& parent_;
     std::wstring_view name_;
-    int index_;
     std::size_t slot_ = 0;
     Rect place_;
-    bool visible_ = true;
-    bool enabled_ = true;
-    Pointer pointer_ = Pointer::normal;
-    std::wstring toolTip_;
+    int index_;
+    Kind kind_;
+    bool visible_;
+    bool enabled_;
 };
 
 /// What can hold controls: a form, a frame, a picture box. It knows its controls in the order of their
-/// making, which is the order of painting, and keeps the places of all beside them, so that looking for those
-/// in an area stays cheap with thousands of cells.
+/// making, which is the order of painting and of the Tab key, and keeps the places of all beside them, so
+/// that looking for those in an area stays cheap with thousands of cells.
 class Container {
 public:
     Container() = default;
@@ -117,7 +135,7 @@ public:
     Container(const Container&) = delete;
     Container& operator=(const Container&) = delete;
 
-    virtual Form& ownerForm() = 0;
+    virtual Host& host() = 0;
     /// The frame or picture box that this container is; null for a form.
     virtual Control* asControl() { return nullptr; }
 

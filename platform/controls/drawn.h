@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/controls/control.h"
+#include "platform/controls/typed_control.h"
 #include "platform/values/color.h"
 #include "platform/values/font.h"
 
@@ -24,48 +24,36 @@ struct LabelLook {
     Pointer pointer = Pointer::normal;
     std::wstring toolTip = {};
     Handler click = {};
-    Handler mouseDown = {};
+    MouseHandler mouseDown = {};
     Handler mouseMove = {};
 };
 
 /// A text on its container, with or without a ground of its own.
-class Label final : public Control {
+class Label final : public TypedControl<LabelLook> {
 public:
-    using Look = LabelLook;
     Label(Container& parent, std::wstring_view name, const Rect& place, Look look = {}, int index = noIndex);
-    /// A copy of `pattern` as element `index` of the same control array.
+    /// A hidden copy of `pattern` as element `index` of the same control array.
     Label(const Label& pattern, int index);
+    static constexpr bool is(Kind kind) { return kind == Kind::label; }
 
-    const std::wstring& caption() const { return caption_; }
+    const std::wstring& caption() const { return look().caption; }
     void setCaption(std::wstring caption);
-    const Font& font() const { return font_; }
+    const Font& font() const { return look().font; }
     void setFont(const Font& font);
     void setFontName(std::wstring_view name);
-    Color fore() const { return fore_; }
-    void setFore(Color color);
-    const std::optional<Color>& back() const { return back_; }
+    Color fore() const { return look().fore; }
+    void setFore(Color color) { put(&Look::fore, color); }
+    const std::optional<Color>& back() const { return look().back; }
     /// The ground's colour; none makes the label transparent.
-    void setBack(std::optional<Color> color);
-    Align align() const { return align_; }
-    bool border() const { return border_; }
-    void setBorder(bool border);
-    bool wrap() const { return wrap_; }
-    bool autoSize() const { return autoSize_; }
-
-    bool windowed() const override { return false; }
-    std::wstring spokenName() const override { return caption_.empty() ? toolTip() : caption_; }
+    void setBack(std::optional<Color> color) { put(&Look::back, color); }
+    Align align() const { return look().align; }
+    bool border() const { return look().border; }
+    bool wrap() const { return look().wrap; }
+    bool autoSize() const { return look().autoSize; }
+    void setPointer(Pointer pointer) { put(&Look::pointer, pointer); }
 
 private:
     void fit();
-
-    std::wstring caption_;
-    Font font_;
-    Color fore_;
-    std::optional<Color> back_;
-    Align align_;
-    bool border_;
-    bool autoSize_;
-    bool wrap_;
 };
 
 /// Where a picture comes from: a name of the program's own drawings, or a file of the data folder.
@@ -87,35 +75,30 @@ struct PictureLook {
     /// What is read out where the tool tip is empty.
     std::wstring spoken = {};
     Handler click = {};
-    Handler mouseDown = {};
+    MouseHandler mouseDown = {};
     Handler mouseMove = {};
 };
 
 /// A picture stretched to its place. One that is missing leaves the place empty.
-class Picture final : public Control {
+class Picture final : public TypedControl<PictureLook> {
 public:
-    using Look = PictureLook;
     Picture(Container& parent, std::wstring_view name, const Rect& place, Look look = {},
             int index = noIndex);
+    static constexpr bool is(Kind kind) { return kind == Kind::picture; }
 
-    const PictureSource& picture() const { return picture_; }
+    PictureSource picture() const { return {look().picture, file_}; }
     /// Counts the pictures set, so that a view can tell a file that was set again.
     int revision() const { return revision_; }
     void setPicture(PictureSource picture);
     /// Shows a file of the data folder; it is read when it is next painted, and again at each call.
     void loadFile(const std::wstring& path) { setPicture({path, true}); }
     void clear() { setPicture({}); }
-    bool border() const { return border_; }
-    void setBorder(bool border);
-
-    bool windowed() const override { return false; }
-    std::wstring spokenName() const override { return toolTip().empty() ? spoken_ : toolTip(); }
+    bool border() const { return look().border; }
+    void setBorder(bool border) { put(&Look::border, border); }
 
 private:
-    PictureSource picture_;
+    bool file_ = false;
     int revision_ = 0;
-    bool border_;
-    std::wstring spoken_;
 };
 
 enum class ShapeKind { rectangle, circle };
@@ -128,23 +111,16 @@ struct ShapeLook {
 };
 
 /// A rectangle or circle that takes no mouse.
-class Shape final : public Control {
+class Shape final : public TypedControl<ShapeLook> {
 public:
-    using Look = ShapeLook;
-    Shape(Container& parent, std::wstring_view name, const Rect& place, Look look = {}, int index = noIndex);
+    Shape(Container& parent, std::wstring_view name, const Rect& place, Look look = {}, int index = noIndex)
+        : TypedControl(Kind::shape, parent, name, place, look, index) {}
+    static constexpr bool is(Kind kind) { return kind == Kind::shape; }
 
-    ShapeKind kind() const { return kind_; }
-    const std::optional<Color>& fill() const { return fill_; }
-    void setFill(std::optional<Color> color);
-    const std::optional<Color>& outline() const { return outline_; }
-
-    bool windowed() const override { return false; }
-    bool takesMouse() const override { return false; }
-
-private:
-    ShapeKind kind_;
-    std::optional<Color> fill_;
-    std::optional<Color> outline_;
+    ShapeKind shapeKind() const { return look().kind; }
+    const std::optional<Color>& fill() const { return look().fill; }
+    void setFill(std::optional<Color> color) { put(&Look::fill, color); }
+    const std::optional<Color>& outline() const { return look().outline; }
 };
 
 /// The ends of a line, in twips.
@@ -165,25 +141,20 @@ struct LineLook {
     bool visible = true;
 };
 
-class Line final : public Control {
+class Line final : public TypedControl<LineLook> {
 public:
-    using Look = LineLook;
     Line(Container& parent, std::wstring_view name, const LinePlace& ends, Look look = {},
          int index = noIndex);
+    static constexpr bool is(Kind kind) { return kind == Kind::line; }
 
     const LinePlace& ends() const { return ends_; }
     void setEnds(const LinePlace& ends);
-    Color color() const { return color_; }
-    void setColor(Color color);
-    int lineWidth() const { return lineWidth_; }
-
-    bool windowed() const override { return false; }
-    bool takesMouse() const override { return false; }
+    Color color() const { return look().color; }
+    void setColor(Color color) { put(&Look::color, color); }
+    int lineWidth() const { return look().width; }
 
 private:
     LinePlace ends_;
-    Color color_;
-    int lineWidth_;
 };
 
 } // namespace klopfmeise

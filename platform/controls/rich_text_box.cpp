@@ -1,6 +1,6 @@
 #include "platform/controls/rich_text_box.h"
 
-#include "platform/forms/form_runtime.h"
+#include "platform/machine/services.h"
 
 #include <algorithm>
 #include <utility>
@@ -22,29 +22,22 @@ void append(RtfParagraph& paragraph, wchar_t c, const RtfFormat& format) {
 } // namespace
 
 RichTextBox::RichTextBox(Container& parent, std::wstring_view name, const Rect& place, Look look, int index)
-    : Control(parent, name, place, index)
-    , change(std::move(look.change))
-    , document_(documentFromPlainText(L""))
-    , font_(look.font)
-    , readOnly_(look.readOnly)
-    , spoken_(std::move(look.spoken)) {
-    if (!look.visible)
-        startHidden();
-}
+    : TypedControl(Kind::richTextBox, parent, name, place, std::move(look), index)
+    , document_(documentFromPlainText(L"")) {}
 
 void RichTextBox::setText(std::wstring_view text) {
     RtfDocument document = documentFromPlainText(text);
     for (RtfParagraph& paragraph : document.paragraphs)
         for (RtfRun& run : paragraph.runs) {
-            run.format.typeface = font_.name;
-            run.format.halfPoints = static_cast<int>(font_.points * 2);
-            run.format.bold = font_.bold;
+            run.format.typeface = font().name;
+            run.format.halfPoints = static_cast<int>(font().points * 2);
+            run.format.bold = font().bold;
         }
     setDocument(std::move(document));
 }
 
 bool RichTextBox::loadFile(const std::wstring& path) {
-    const auto bytes = form().runtime().services().files.readAll(path, rtfMaxLength);
+    const auto bytes = host().files().readAll(path, rtfMaxLength);
     if (!bytes)
         return false;
     setDocument(readRtf(*bytes));
@@ -52,7 +45,7 @@ bool RichTextBox::loadFile(const std::wstring& path) {
 }
 
 bool RichTextBox::saveFile(const std::wstring& path) const {
-    return form().runtime().services().files.writeAll(path, writeRtf(document_));
+    return host().files().writeAll(path, writeRtf(document_));
 }
 
 void RichTextBox::setDocument(RtfDocument document) {
@@ -61,8 +54,6 @@ void RichTextBox::setDocument(RtfDocument document) {
     selectionStart_ = 0;
     selectionLength_ = 0;
     changed();
-    if (change)
-        change();
 }
 
 void RichTextBox::select(int start, int length) {
@@ -90,8 +81,6 @@ void RichTextBox::formatSelection(const RtfFormat& format, RtfAlignment alignmen
         at += 2;
     }
     changed();
-    if (change)
-        change();
 }
 
 void RichTextBox::edited(RtfDocument document, int selectionStart, int selectionLength) {
@@ -101,8 +90,8 @@ void RichTextBox::edited(RtfDocument document, int selectionStart, int selection
         return;
     document_ = std::move(document);
     text_ = document_.plainText();
-    if (change)
-        change();
+    if (look().change)
+        look().change();
 }
 
 } // namespace klopfmeise

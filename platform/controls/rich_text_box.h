@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/controls/control.h"
+#include "platform/controls/typed_control.h"
 #include "platform/richtext/rtf.h"
 #include "platform/values/font.h"
 
@@ -11,16 +11,17 @@ struct RichTextLook {
     bool readOnly = false;
     bool visible = true;
     std::wstring spoken = {};
+    /// The user made another document of it.
     Handler change = {};
 };
 
 /// A box that loads, shows, edits and saves rich text. Positions count the characters of `text`, in which
 /// each line ends with CR LF.
-class RichTextBox final : public Control {
+class RichTextBox final : public TypedControl<RichTextLook> {
 public:
-    using Look = RichTextLook;
     RichTextBox(Container& parent, std::wstring_view name, const Rect& place, Look look = {},
                 int index = noIndex);
+    static constexpr bool is(Kind kind) { return kind == Kind::richTextBox; }
 
     const RtfDocument& document() const { return document_; }
     /// The characters alone.
@@ -39,14 +40,11 @@ public:
     /// Gives the selected characters this format, and the paragraphs that they touch this alignment.
     void formatSelection(const RtfFormat& format, RtfAlignment alignment);
 
-    /// What the user made of the document; told by the view, and so not told back to it.
+    /// What the user made of document and selection; calls `change` if the document is another.
     void edited(RtfDocument document, int selectionStart, int selectionLength);
 
-    const Font& font() const { return font_; }
-    bool readOnly() const { return readOnly_; }
-    std::wstring spokenName() const override { return spoken_; }
-
-    Handler change;
+    const Font& font() const { return look().font; }
+    bool readOnly() const { return look().readOnly; }
 
 private:
     void setDocument(RtfDocument document);
@@ -55,9 +53,6 @@ private:
     std::wstring text_;
     int selectionStart_ = 0;
     int selectionLength_ = 0;
-    Font font_;
-    bool readOnly_;
-    std::wstring spoken_;
 };
 
 } // namespace klopfmeise

@@ -19,6 +19,14 @@ void Form::setCaption(std::wstring caption) {
         view_->formChanged();
 }
 
+void Form::setWindowState(WindowState state) {
+    if (state == look_.state)
+        return;
+    look_.state = state;
+    if (view_)
+        view_->formChanged();
+}
+
 void Form::moveTo(int left, int top) {
     left_ = left;
     top_ = top;
@@ -52,6 +60,13 @@ void Form::repaint() {
         view_->paintNow(*this, {0, 0, width(), height()});
 }
 
+Files& Form::files() { return runtime_.services().files; }
+
+void Form::controlGone(const Control& control) {
+    if (focus_ == &control)
+        focus_ = nullptr;
+}
+
 void Form::setFocus(Control& control) {
     focus_ = &control;
     if (view_)
@@ -65,7 +80,7 @@ Control* findIn(const Container& container, std::wstring_view name, int index) {
         Control& control = container.control(slot);
         if (control.name() == name && control.index() == index)
             return &control;
-        if (const auto* inner = dynamic_cast<const Container*>(&control))
+        if (const Container* inner = control.asContainer())
             if (Control* found = findIn(*inner, name, index))
                 return found;
     }

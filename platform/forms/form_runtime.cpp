@@ -43,14 +43,29 @@ Form* FormRuntime::loaded(std::wstring_view name) const {
     return found == forms_.end() ? nullptr : found->get();
 }
 
+Form* FormRuntime::frameOf(const Form& form) const {
+    return form.kind() == FormKind::child ? loaded(form.look().frame) : nullptr;
+}
+
+std::vector<std::unique_ptr<Form>>::iterator FormRuntime::position(const Form& form) {
+    return std::ranges::find_if(forms_, [&](const auto& f) { return f.get() == &form; });
+}
+
 Form* FormRuntime::load(std::wstring_view name) {
     if (Form* form = loaded(name))
         return form;
     if (!available(name))
         return nullptr;
+    std::unique_ptr<Form> made = makers_.find(name)->second();
+    if (made->kind() == FormKind::child && !frameOf(*made)) {
+        show(made->look().frame);
+        // The frame may have opened this very child while it loaded.
+        if (Form* form = loaded(name); form || !frameOf(*made))
+            return form;
+    }
     // Behind the active form, so that unloading another one does not bring a form to the front that was never
     // shown.
-    Form* form = forms_.insert(forms_.begin(), makers_.find(name)->second())->get();
+    Form* form = forms_.insert(forms_.begin(), std::move(made))->get();
     dispatch(*form, [form] { form->Form_Load(); });
     // A form that unloads itself while it loads may be gone already.
     return loaded(name) == form ? form : nullptr;
@@ -60,22 +75,38 @@ bool FormRuntime::show(std::wstring_view name) {
     Form* form = load(name);
     if (!form || ended_)
         return false;
-    if (!form->view_)
-        form->view_ = backend_.makeView(*form);
-    form->visible_ = true;
-    form->view_->show();
-    activate(form);
+    reveal(*form);
+    activate(*form);
     return true;
 }
 
-void FormRuntime::activate(Form* form) {
+void FormRuntime::reveal(Form& form) {
+    if (Form* frame = frameOf(form); frame && !frame->visible_)
+        reveal(*frame);
+    if (!form.view_)
+        form.view_ = backend_.makeView(form);
+    form.visible_ = true;
+    form.view_->show();
+}
+
+void FormRuntime::activate(Form& form) {
+    Form* frame = frameOf(form);
+    if (!frame) {
+        activateTop(&form);
+        return;
+    }
+    const auto life = form.life();
+    activateTop(frame);
+    if (!life.expired() && !form.unloaded_ && !ended_)
+        activateChild(*frame, form);
+}
+
+void FormRuntime::activateTop(Form* form) {
     if (form == active_)
         return;
     Form* before = std::exchange(active_, form);
-    if (form) {
-        const auto at = std::ranges::find_if(forms_, [&](const auto& f) { return f.get() == form; });
-        std::rotate(at, at + 1, forms_.end());
-    }
+    if (form)
+        std::rotate(position(*form), position(*form) + 1, forms_.end());
     if (before && !before->unloaded_)
         dispatch(*before, [before] { before->Form_Deactivate(); });
     if (!form || active_ != form || ended_)
@@ -84,28 +115,58 @@ void FormRuntime::activate(Form* form) {
     dispatch(*form, [form] { form->Form_Activate(); });
 }
 
+void FormRuntime::activateChild(Form& frame, Form& child) {
+    if (frame.activeChild_ == &child)
+        return;
+    Form* before = std::exchange(frame.activeChild_, &child);
+    std::rotate(position(child), position(child) + 1, forms_.end());
+    if (before && !before->unloaded_)
+        dispatch(*before, [before] { before->Form_Deactivate(); });
+    if (frame.activeChild_ != &child || ended_)
+        return;
+    child.view_->activate();
+    dispatch(child, [&child] { child.Form_Activate(); });
+}
+
 void FormRuntime::unload(Form& form) {
-    if (form.unloaded_)
+    if (form.unloaded_ || std::exchange(form.unloading_, true))
         return;
+    if (form.kind() == FormKind::frame) {
+        std::vector<std::wstring_view> children;
+        for (const auto& other : forms_)
+            if (frameOf(*other) == &form)
+                children.push_back(other->name());
+        for (const auto child : children)
+            unload(child);
+    }
     dispatch(form, [&form] { form.Form_Unload(); });
-    if (form.unloaded_)
-        return;
     form.unloaded_ = true;
     form.visible_ = false;
     if (form.view_)
         form.view_->hide();
-    const auto at = std::ranges::find_if(forms_, [&](const auto& f) { return f.get() == &form; });
+    const auto at = position(form);
+    Form* frame = frameOf(form);
     unloaded_.push_back(std::move(*at));
     forms_.erase(at);
-    if (active_ == &form) {
+    if (frame && frame->activeChild_ == &form) {
+        frame->activeChild_ = nullptr;
+        Form* next = frame->unloading_ ? nullptr : lastVisible(frame);
+        // A window over the frame stays the active one.
+        if (next)
+            activateChild(*frame, *next);
+    } else if (active_ == &form) {
         active_ = nullptr;
-        const auto next =
-            std::find_if(forms_.rbegin(), forms_.rend(), [](const auto& f) { return f->visible(); });
-        if (next != forms_.rend())
-            activate(next->get());
+        activateTop(lastVisible(nullptr));
     }
     if (!busy())
         settle();
+}
+
+Form* FormRuntime::lastVisible(const Form* frame) const {
+    const auto found = std::find_if(forms_.rbegin(), forms_.rend(), [&](const auto& form) {
+        return form->visible() && frameOf(*form) == frame && !form->unloading_;
+    });
+    return found == forms_.rend() ? nullptr : found->get();
 }
 
 void FormRuntime::unload(std::wstring_view name) {
@@ -113,7 +174,9 @@ void FormRuntime::unload(std::wstring_view name) {
         unload(*form);
 }
 
-Form* FormRuntime::active() const { return active_; }
+Form* FormRuntime::active() const {
+    return active_ && active_->activeChild_ ? active_->activeChild_ : active_;
+}
 
 void FormRuntime::end() {
     if (std::exchange(ended_, true))
@@ -159,12 +222,22 @@ void FormRuntime::settle() {
 
 void FormRuntime::windowActivated(Form& form) {
     if (!form.unloaded_ && form.visible() && !ended_)
-        activate(&form);
+        activate(form);
 }
 
 void FormRuntime::windowClosed(Form& form) {
     if (!ended_)
         unload(form);
+}
+
+void FormRuntime::windowResized(Form& form, int width, int height, WindowState state) {
+    FormLook& look = form.look_;
+    if (form.unloaded_ || ended_ || (width == look.width && height == look.height && state == look.state))
+        return;
+    look.width = width;
+    look.height = height;
+    look.state = state;
+    dispatch(form, [&form] { form.Form_Resize(); });
 }
 
 void FormRuntime::enter(Timer& timer) { timers_.push_back(&timer); }

@@ -35,12 +35,13 @@ private:
 /// Writes down what would be heard: the file names, in order.
 class RecordedSound final : public Sound {
 public:
-    void play(const std::wstring& path, bool wait) override {
+    int play(const std::wstring& path) override {
         played.push_back(path.substr(path.rfind(L'\\') + 1));
-        waited.push_back(wait);
+        return length;
     }
     std::vector<std::wstring> played;
-    std::vector<bool> waited;
+    /// What each sound says of its length, in milliseconds.
+    int length = 100;
 };
 
 /// A shell whose answers the test sets.

@@ -1,6 +1,7 @@
 #include "platform/machine/reg_file.h"
 
 #include "platform/values/text.h"
+#include "platform/values/utf8.h"
 #include "platform/values/windows1252.h"
 
 #include <algorithm>
@@ -29,8 +30,8 @@ std::vector<std::string> linesOf(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
     std::vector<std::string> lines;
     for (std::string line; std::getline(in, line);) {
-        if (lines.empty() && line.starts_with("\xEF\xBB\xBF"))
-            line.erase(0, 3);
+        if (lines.empty() && line.starts_with(utf8ByteOrderMark))
+            line.erase(0, utf8ByteOrderMark.size());
         while (!line.empty() && (line.back() == '\r' || line.back() == ' '))
             line.pop_back();
         // A hex value may go on over several lines.

@@ -30,8 +30,10 @@ public:
 class Sound {
 public:
     virtual ~Sound() = default;
-    /// `path` as the logic writes paths (with backslashes). With `wait` it returns when the sound has ended.
-    virtual void play(const std::wstring& path, bool wait = false) = 0;
+    /// `path` as the logic writes paths (with backslashes). Returns at once, and says how long the sound
+    /// lasts until its end is heard, in milliseconds; 0 if it cannot be heard. Whoever has to wait for the
+    /// end waits that long.
+    virtual int play(const std::wstring& path) = 0;
 };
 
 /// A file open for random access in records, closed by its destructor. Nothing is buffered.

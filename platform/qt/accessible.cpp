@@ -2,6 +2,7 @@
 
 #include "platform/controls/drawn.h"
 #include "platform/qt/form_widget.h"
+#include "platform/qt/qt_form_view.h"
 #include "platform/qt/qt_text.h"
 
 #include <QAccessible>
@@ -16,7 +17,8 @@ namespace klopfmeise {
 namespace {
 
 bool spoken(const Control& control) {
-    return control.visible() && !control.windowed() && control.takesMouse() && !control.spokenName().empty();
+    return control.visible() && !control.windowed() && takesMouse(control.kind()) &&
+           !control.spokenName().empty();
 }
 
 std::vector<Control*> spokenControls(const Container& container) {
@@ -57,9 +59,9 @@ public:
     }
     QAccessible::Role role() const override {
         const Control* known = control();
-        if (known && (known->click || known->mouseDown))
+        if (known && (known->click() || known->mouseDown()))
             return QAccessible::Button;
-        return dynamic_cast<const Picture*>(known) ? QAccessible::Graphic : QAccessible::StaticText;
+        return known && known->kind() == Kind::picture ? QAccessible::Graphic : QAccessible::StaticText;
     }
     QAccessible::State state() const override {
         QAccessible::State state;
@@ -79,7 +81,7 @@ public:
     }
     void doAction(const QString& name) override {
         if (Control* known = control(); known && name == pressAction())
-            widget_->press(*known);
+            widget_->view().router().press(*known);
     }
     QStringList keyBindingsForAction(const QString&) const override { return {}; }
 

@@ -1,3 +1,5 @@
+#include "platform/controls/button.h"
+#include "platform/qt/container_widget.h"
 #include "platform/qt/control_view.h"
 #include "platform/qt/desk.h"
 #include "platform/qt/drawn_painter.h"
@@ -23,10 +25,7 @@ public:
         , button_(button) {
         setFocusPolicy(button.tabStop() ? Qt::StrongFocus : Qt::NoFocus);
         setAttribute(Qt::WA_Hover);
-        connect(this, &QAbstractButton::clicked, this, [this] {
-            if (button_.click)
-                view_.react(button_.click);
-        });
+        connect(this, &QAbstractButton::clicked, this, [this] { view_.router().press(button_); });
     }
     void setScale(const Scale& scale) {
         scale_ = scale;
@@ -60,7 +59,7 @@ QColor ButtonWidget::ground() const {
 
 void ButtonWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    countDevicePixels(painter, *this);
+    countDevicePixels(painter, *this, cornerOnForm(*this));
     const Canvas canvas{painter, scale_, view_.desk().texts, view_.pictures(), view_.files()};
     const double pixel = std::max(1.0, std::round(scale_.zoom));
     const QRectF place =

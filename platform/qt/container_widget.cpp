@@ -11,8 +11,6 @@
 #include <QPainter>
 #include <QToolTip>
 
-#include <utility>
-
 namespace klopfmeise {
 
 ContainerWidget::ContainerWidget(QtFormView& view, Container& container, QWidget* parent)
@@ -26,7 +24,7 @@ ContainerWidget::ContainerWidget(QtFormView& view, Container& container, QWidget
 }
 
 void ContainerWidget::setScale(const Scale& scale) {
-    const QPoint corner = isWindow() ? QPoint() : mapTo(window(), QPoint());
+    const QPoint corner = cornerOnForm(*this);
     if (scale == scale_ && corner == corner_)
         return;
     scale_ = scale;
@@ -57,18 +55,13 @@ void ContainerWidget::paintNow(const Rect& area) {
         repaint(dirty_.take());
 }
 
-void ContainerWidget::forget(const Control& control) {
-    if (pressed_ == &control)
-        pressed_ = nullptr;
-}
-
 void ContainerWidget::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     const Canvas canvas{painter, scale_, view_.desk().texts, view_.pictures(), view_.files()};
     for (const QRect& dirty : event->region()) {
         painter.save();
         painter.setClipRect(dirty);
-        countDevicePixels(painter, *this);
+        countDevicePixels(painter, *this, corner_);
         const QRect inWindow = dirty.translated(corner_);
         const Rect area = scale_.twips(inWindow);
         paintGround(canvas, scale_.device(area).adjusted(-1, -1, 1, 1));
@@ -78,49 +71,46 @@ void ContainerWidget::paintEvent(QPaintEvent* event) {
 }
 
 Control* ContainerWidget::controlAt(const QPointF& position) const {
-    const QPoint at = scale_.twipsAt(position + corner_);
+    const QPoint at = twipsAt(position);
     return container_.drawnControlAt(at.x(), at.y());
 }
 
-void ContainerWidget::react(const Control& control, Handler Control::*handler) {
-    if (control.enabled() && control.*handler)
-        view_.react(control.*handler);
-}
-
-void ContainerWidget::press(Control& control) {
-    react(control, &Control::mouseDown);
-    react(control, &Control::click);
+MouseButton buttonOf(const QMouseEvent& event) {
+    switch (event.button()) {
+    case Qt::RightButton:
+        return MouseButton::right;
+    case Qt::MiddleButton:
+        return MouseButton::middle;
+    default:
+        return MouseButton::left;
+    }
 }
 
 void ContainerWidget::mousePressEvent(QMouseEvent* event) {
-    Control* control = controlAt(event->position());
-    pressed_ = event->button() == Qt::LeftButton ? control : nullptr;
-    if (control)
-        react(*control, &Control::mouseDown);
+    const QPoint at = twipsAt(event->position());
+    view_.router().mouseDown(container_, at.x(), at.y(), buttonOf(*event));
 }
 
 void ContainerWidget::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton)
-        return;
-    Control* pressed = std::exchange(pressed_, nullptr);
-    if (pressed && controlAt(event->position()) == pressed)
-        react(*pressed, &Control::click);
+    const QPoint at = twipsAt(event->position());
+    view_.router().mouseUp(container_, at.x(), at.y(), buttonOf(*event));
 }
 
 void ContainerWidget::mouseMoveEvent(QMouseEvent* event) {
-    const Control* control = controlAt(event->position());
-    bool hand = false;
-    if (control && control->enabled()) {
-        const bool picture = dynamic_cast<const Picture*>(control) && control->click;
-        hand = picture || control->pointer() == Pointer::hand;
-        react(*control, &Control::mouseMove);
-    } else if (!control) {
-        if (auto handler = groundMouseMove())
-            view_.react(std::move(handler));
-    }
+    const QPoint at = twipsAt(event->position());
+    view_.router().mouseMove(container_, at.x(), at.y());
+    const Control* control = container_.drawnControlAt(at.x(), at.y());
+    const bool hand =
+        control && control->enabled() &&
+        (control->pointer() == Pointer::hand || (control->kind() == Kind::picture && control->click()));
     const Qt::CursorShape shape = hand ? Qt::PointingHandCursor : Qt::ArrowCursor;
     if (cursor().shape() != shape)
         setCursor(shape);
+}
+
+QPoint cornerOnForm(const QWidget& widget) {
+    const auto* container = dynamic_cast<const ContainerWidget*>(widget.parentWidget());
+    return container ? container->corner() + widget.pos() : QPoint();
 }
 
 bool ContainerWidget::event(QEvent* event) {

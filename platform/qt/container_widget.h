@@ -7,8 +7,6 @@
 
 #include <QWidget>
 
-#include <functional>
-
 namespace klopfmeise {
 
 class QtFormView;
@@ -22,6 +20,8 @@ public:
     Container& container() const { return container_; }
     QtFormView& view() const { return view_; }
     const Scale& scale() const { return scale_; }
+    /// Where the widget's corner lies on its form, in logical pixels.
+    const QPoint& corner() const { return corner_; }
     /// The scale of what lies inside; set when the widget has its place.
     void setScale(const Scale& scale);
     /// The logical pixels of the widget that an area covers (twips).
@@ -30,15 +30,9 @@ public:
     void addDirty(const Rect& area);
     void flushDirty();
     void paintNow(const Rect& area);
-    /// A drawn control is about to go.
-    void forget(const Control& control);
-    /// A click as assistive technology asks for it.
-    void press(Control& control);
 
 protected:
     virtual void paintGround(const Canvas& canvas, const QRect& dirty) = 0;
-    /// What is called where the mouse moves over no drawn control.
-    virtual std::function<void()> groundMouseMove() = 0;
 
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -47,16 +41,20 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
+    QPoint twipsAt(const QPointF& position) const { return scale_.twipsAt(position + corner_); }
     Control* controlAt(const QPointF& position) const;
-    void react(const Control& control, Handler Control::*handler);
 
     QtFormView& view_;
     Container& container_;
     Scale scale_;
-    /// The widget's corner in its window, in logical pixels.
     QPoint corner_;
     DirtyAreas dirty_;
-    Control* pressed_ = nullptr;
 };
+
+/// Which button of the mouse an event is of.
+MouseButton buttonOf(const QMouseEvent& event);
+
+/// Where the corner of a form's widget, or of one that lies in it, lies on the form, in logical pixels.
+QPoint cornerOnForm(const QWidget& widget);
 
 } // namespace klopfmeise

@@ -1,9 +1,11 @@
 #include "platform/qt/control_view.h"
 
-#include "platform/controls/rich_text_box.h"
+#include "platform/controls/visit.h"
 #include "platform/qt/container_widget.h"
 #include "platform/qt/qt_form_view.h"
 #include "platform/qt/qt_text.h"
+
+#include <utility>
 
 namespace klopfmeise {
 
@@ -23,9 +25,8 @@ void ControlView::sync(const Scale& scale) {
         return;
     const bool panel = container() != nullptr;
     const QRect place = scale.logical(scale.device(control_.place()), panel);
-    const QWidget* parent = widget_->parentWidget();
-    const QPoint corner = parent->isWindow() ? QPoint() : parent->mapTo(parent->window(), QPoint());
-    widget_->setGeometry(place.translated(-corner));
+    const auto& parent = static_cast<const ContainerWidget&>(*widget_->parentWidget());
+    widget_->setGeometry(place.translated(-parent.corner()));
     widget_->setEnabled(control_.enabled());
     const QString name = toQt(control_.spokenName());
     if (widget_->accessibleName() != name)
@@ -37,31 +38,34 @@ void ControlView::sync(const Scale& scale) {
     widget_->setVisible(control_.visible());
 }
 
-const KeyHandlers* ControlView::keys() const {
-    const KeyHandlers* keys = nullptr;
-    if (const auto* box = dynamic_cast<const TextBox*>(&control_))
-        keys = &box->keys;
-    else if (const auto* panel = dynamic_cast<const PictureBox*>(&control_))
-        keys = &panel->keys;
-    return keys && (keys->down || keys->press || keys->up) ? keys : nullptr;
+void ControlView::tell(std::function<void()> model) {
+    if (std::exchange(told_, true))
+        return;
+    view_.router().tell(view_.form(), [this, model = std::move(model)] {
+        told_ = false;
+        model();
+    });
 }
 
 ContainerWidget* ControlView::container() const { return dynamic_cast<ContainerWidget*>(widget_.data()); }
 
 std::unique_ptr<ControlView> makeControlView(QtFormView& view, Control& control, QWidget* parent) {
-    if (auto* button = dynamic_cast<Button*>(&control))
-        return makeButtonView(view, *button, parent);
-    if (auto* box = dynamic_cast<TextBox*>(&control))
-        return makeTextView(view, *box, parent);
-    if (auto* box = dynamic_cast<RichTextBox*>(&control))
-        return makeRichTextView(view, *box, parent);
-    if (auto* list = dynamic_cast<ListControl*>(&control))
-        return makeListView(view, *list, parent);
-    if (auto* range = dynamic_cast<RangeControl*>(&control))
-        return makeRangeView(view, *range, parent);
-    if (auto* check = dynamic_cast<CheckControl*>(&control))
-        return makeCheckView(view, *check, parent);
-    return makePanelView(view, control, parent);
+    using Made = std::unique_ptr<ControlView>;
+    // Each kind by itself, so that a new one is not forgotten.
+    return visit(control,
+                 Overloaded{[](Label&) { return Made(); }, [](Picture&) { return Made(); },
+                            [](Shape&) { return Made(); }, [](Line&) { return Made(); },
+                            [&](Frame& frame) { return makeFrameView(view, frame, parent); },
+                            [&](PictureBox& box) { return makeBoxView(view, box, parent); },
+                            [&](Button& button) { return makeButtonView(view, button, parent); },
+                            [&](TextBox& box) { return makeTextView(view, box, parent); },
+                            [&](RichTextBox& box) { return makeRichTextView(view, box, parent); },
+                            [&](FileList& list) { return makeListView(view, list, parent); },
+                            [&](FolderList& list) { return makeListView(view, list, parent); },
+                            [&](ScrollBar& bar) { return makeScrollBarView(view, bar, parent); },
+                            [&](Slider& slider) { return makeSliderView(view, slider, parent); },
+                            [&](OptionButton& option) { return makeOptionView(view, option, parent); },
+                            [&](CheckBox& box) { return makeCheckBoxView(view, box, parent); }});
 }
 
 } // namespace klopfmeise

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "platform/input/input_router.h"
 #include "platform/qt/input_queue.h"
 #include "platform/qt/picture_cache.h"
 #include "platform/qt/text_painter.h"
+
+#include <optional>
 
 namespace klopfmeise {
 
@@ -15,6 +18,8 @@ struct Desk {
     PictureCache pictures;
     TextPainter texts;
     FormRuntime* runtime = nullptr;
+    /// There as soon as the runtime is.
+    std::optional<InputRouter> router;
     Stage* stage = nullptr;
 };
 

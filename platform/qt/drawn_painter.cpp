@@ -39,7 +39,7 @@ void paint(const Canvas& canvas, const Shape& shape) {
     QPainter& painter = canvas.painter;
     const QRect place = canvas.scale.device(shape.place());
     const int line = thickness(canvas.scale, 1);
-    if (shape.kind() == ShapeKind::rectangle) {
+    if (shape.shapeKind() == ShapeKind::rectangle) {
         if (shape.fill())
             painter.fillRect(place, toQt(*shape.fill()));
         if (shape.outline())
@@ -82,9 +82,8 @@ void paint(const Canvas& canvas, const Line& line) {
 
 } // namespace
 
-void countDevicePixels(QPainter& painter, const QWidget& widget) {
+void countDevicePixels(QPainter& painter, const QWidget& widget, const QPoint& corner) {
     const double ratio = widget.devicePixelRatioF();
-    const QPoint corner = widget.mapTo(widget.window(), QPoint());
     painter.translate(-corner);
     if (ratio != 1)
         painter.scale(1 / ratio, 1 / ratio);
@@ -92,16 +91,28 @@ void countDevicePixels(QPainter& painter, const QWidget& widget) {
 
 void paintDrawn(const Canvas& canvas, const Container& container, const Rect& dirty) {
     container.forEachIn(dirty, [&](const Control& control) {
-        if (control.windowed())
+        switch (control.kind()) {
+        case Kind::label:
+            return paint(canvas, static_cast<const Label&>(control));
+        case Kind::picture:
+            return paint(canvas, static_cast<const Picture&>(control));
+        case Kind::shape:
+            return paint(canvas, static_cast<const Shape&>(control));
+        case Kind::line:
+            return paint(canvas, static_cast<const Line&>(control));
+        case Kind::frame:
+        case Kind::pictureBox:
+        case Kind::button:
+        case Kind::textBox:
+        case Kind::richTextBox:
+        case Kind::fileList:
+        case Kind::folderList:
+        case Kind::scrollBar:
+        case Kind::slider:
+        case Kind::optionButton:
+        case Kind::checkBox:
             return;
-        if (const auto* label = dynamic_cast<const Label*>(&control))
-            paint(canvas, *label);
-        else if (const auto* picture = dynamic_cast<const Picture*>(&control))
-            paint(canvas, *picture);
-        else if (const auto* shape = dynamic_cast<const Shape*>(&control))
-            paint(canvas, *shape);
-        else if (const auto* line = dynamic_cast<const Line*>(&control))
-            paint(canvas, *line);
+        }
     });
 }
 

@@ -12,7 +12,7 @@ namespace klopfmeise {
 
 class Files;
 
-/// Where and by what means a container paints. `painter` counts device pixels of the window.
+/// Where and by what means a container paints. `painter` counts device pixels of the form.
 struct Canvas {
     QPainter& painter;
     Scale scale;
@@ -21,8 +21,9 @@ struct Canvas {
     Files& files;
 };
 
-/// Makes `painter`, just begun on `widget`, count device pixels of the window.
-void countDevicePixels(QPainter& painter, const QWidget& widget);
+/// Makes `painter`, just begun on `widget`, count device pixels of the form, on which the widget's corner
+/// lies at `corner` (logical pixels).
+void countDevicePixels(QPainter& painter, const QWidget& widget, const QPoint& corner);
 
 /// Paints the drawn controls of `container` that touch `dirty` (twips), lowest first.
 void paintDrawn(const Canvas& canvas, const Container& container, const Rect& dirty);

@@ -1,6 +1,5 @@
 #include "platform/qt/form_widget.h"
 
-#include "platform/qt/qt_form_view.h"
 #include "platform/qt/qt_text.h"
 
 #include <QKeyEvent>
@@ -32,10 +31,6 @@ void FormWidget::paintGround(const Canvas& canvas, const QRect& dirty) {
     canvas.painter.fillRect(dirty & place, toQt(look.back));
     if (!look.picture.empty())
         paintPicture(canvas, place, &form_, {look.picture, false});
-}
-
-std::function<void()> FormWidget::groundMouseMove() {
-    return [this] { form_.Form_MouseMove(); };
 }
 
 bool FormWidget::focusNextPrevChild(bool next) {

@@ -19,7 +19,6 @@ public:
 
 protected:
     void paintGround(const Canvas& canvas, const QRect& dirty) override;
-    std::function<void()> groundMouseMove() override;
     bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;

@@ -10,7 +10,7 @@
 
 namespace klopfmeise {
 
-void LateSound::play(const std::wstring& path, bool wait) {
+int LateSound::play(const std::wstring& path) {
     if (!std::exchange(tried_, true)) {
         QLibrary module(QCoreApplication::applicationDirPath() + QStringLiteral("/klopfmeise_sound.so"));
         if (const auto make = reinterpret_cast<MakeSound>(module.resolve(makeSoundName)))
@@ -18,8 +18,7 @@ void LateSound::play(const std::wstring& path, bool wait) {
         else
             qWarning() << module.errorString();
     }
-    if (sound_)
-        sound_->play(path, wait);
+    return sound_ ? sound_->play(path) : 0;
 }
 
 } // namespace klopfmeise

@@ -13,7 +13,7 @@ public:
     explicit LateSound(const Files& files)
         : files_(files) {}
 
-    void play(const std::wstring& path, bool wait = false) override;
+    int play(const std::wstring& path) override;
 
 private:
     const Files& files_;

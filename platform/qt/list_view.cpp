@@ -1,3 +1,5 @@
+#include "platform/controls/lists.h"
+#include "platform/qt/container_widget.h"
 #include "platform/qt/control_view.h"
 #include "platform/qt/qt_form_view.h"
 #include "platform/qt/qt_text.h"
@@ -75,14 +77,13 @@ protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& before) override {
         QListView::currentChanged(current, before);
         if (!syncing_ && current.isValid())
-            view_.react([this, row = current.row()] { list_.select(row); });
+            view_.router().tell(view_.form(), [this, row = current.row()] { list_.movedTo(row); });
     }
     void mousePressEvent(QMouseEvent* event) override {
-        const QModelIndex row = indexAt(event->position().toPoint());
-        if (event->button() == Qt::LeftButton && row.isValid())
-            setCurrentIndex(row);
-        if (list_.mouseDown)
-            view_.react(list_.mouseDown);
+        // An invalid index, where there is no row, counts -1.
+        const int row = indexAt(event->position().toPoint()).row();
+        view_.router().tell(view_.form(),
+                            [this, row, button = buttonOf(*event)] { list_.pressed(row, button); });
     }
     void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
     void mouseMoveEvent(QMouseEvent*) override {}

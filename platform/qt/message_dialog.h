@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/forms/form_view.h"
+#include "platform/forms/backend.h"
 
 class QWidget;
 

@@ -1,3 +1,4 @@
+#include "platform/controls/panels.h"
 #include "platform/qt/container_widget.h"
 #include "platform/qt/control_view.h"
 #include "platform/qt/desk.h"
@@ -43,7 +44,6 @@ protected:
         canvas.texts.draw(canvas.painter, canvas.scale, title, frame_.caption(),
                           {.font = frame_.font(), .wrap = false});
     }
-    std::function<void()> groundMouseMove() override { return frame_.mouseMove; }
 
 private:
     Frame& frame_;
@@ -54,7 +54,7 @@ public:
     BoxWidget(QtFormView& view, PictureBox& box, QWidget* parent)
         : ContainerWidget(view, box, parent)
         , box_(box) {
-        if (box.keys.down || box.keys.press || box.keys.up)
+        if (box.keys())
             setFocusPolicy(Qt::StrongFocus);
     }
 
@@ -65,15 +65,9 @@ protected:
         if (!box_.picture().empty())
             paintPicture(canvas, place, &box_, {box_.picture(), false});
     }
-    std::function<void()> groundMouseMove() override { return box_.mouseMove; }
     // A box that takes the keys takes Tab too, unless there is another place for the focus.
     bool focusNextPrevChild(bool next) override {
         return !view().canMoveFocus(*this) ? false : ContainerWidget::focusNextPrevChild(next);
-    }
-    void mousePressEvent(QMouseEvent* event) override {
-        ContainerWidget::mousePressEvent(event);
-        if (box_.mouseDown && box_.enabled())
-            view().react(box_.mouseDown);
     }
 
 private:
@@ -93,13 +87,12 @@ private:
 
 } // namespace
 
-std::unique_ptr<ControlView> makePanelView(QtFormView& view, Control& control, QWidget* parent) {
-    ContainerWidget* widget = nullptr;
-    if (auto* frame = dynamic_cast<Frame*>(&control))
-        widget = new FrameWidget(view, *frame, parent);
-    else if (auto* box = dynamic_cast<PictureBox*>(&control))
-        widget = new BoxWidget(view, *box, parent);
-    return widget ? std::make_unique<PanelView>(view, control, widget) : nullptr;
+std::unique_ptr<ControlView> makeFrameView(QtFormView& view, Frame& frame, QWidget* parent) {
+    return std::make_unique<PanelView>(view, frame, new FrameWidget(view, frame, parent));
+}
+
+std::unique_ptr<ControlView> makeBoxView(QtFormView& view, PictureBox& box, QWidget* parent) {
+    return std::make_unique<PanelView>(view, box, new BoxWidget(view, box, parent));
 }
 
 } // namespace klopfmeise

@@ -3,11 +3,12 @@
 #include "platform/forms/form_runtime.h"
 #include "platform/qt/accessible.h"
 #include "platform/qt/font_folders.h"
+#include "platform/qt/frame_window.h"
 #include "platform/qt/message_dialog.h"
 #include "platform/qt/qt_form_view.h"
 #include "platform/qt/qt_text.h"
+#include "platform/qt/virtual_keys.h"
 #include "platform/qt/zoom_style.h"
-#include "platform/values/windows1252.h"
 
 #include <QKeyEvent>
 #include <QToolTip>
@@ -71,7 +72,10 @@ QtBackend::QtBackend(int& argc, char** argv)
 
 QtBackend::~QtBackend() = default;
 
-void QtBackend::setRuntime(FormRuntime& runtime) { desk_.runtime = &runtime; }
+void QtBackend::setRuntime(FormRuntime& runtime) {
+    desk_.runtime = &runtime;
+    desk_.router.emplace(runtime, desk_.queue.line());
+}
 
 int QtBackend::run() {
     armTimer();
@@ -92,9 +96,12 @@ void QtBackend::takeZoom() {
     QFont tips(QStringLiteral("Liberation Sans"));
     tips.setPixelSize(static_cast<int>(std::lround(tipPixels * zoom)));
     QToolTip::setFont(tips);
+    // What the toolkit writes itself around the child windows of a frame.
+    for (const char* part : {"QMenuBar", "QMenu", "QMdiSubWindowTitleBar"})
+        QApplication::setFont(tips, part);
     for (QWidget* widget : QApplication::topLevelWidgets())
-        if (auto* form = dynamic_cast<FormWidget*>(widget); form && form->isVisible())
-            form->view().layoutWindow();
+        if (QtFormView* view = viewOf(*widget); view && widget->isVisible())
+            view->layoutWindow();
 }
 
 Answer QtBackend::showMessage(const Message& message) {
@@ -162,19 +169,25 @@ void QtBackend::served() {
         announceTarget(static_cast<QtFormView*>(active->view())->widget(), toldTarget_);
 }
 
+QtFormView* QtBackend::viewOf(const QWidget& window) {
+    if (const auto* form = dynamic_cast<const FormWidget*>(&window))
+        return &form->view();
+    const auto* frame = dynamic_cast<const FrameWindow*>(&window);
+    return frame ? &frame->view() : nullptr;
+}
+
 QtFormView* QtBackend::viewOf(const QWindow& window) const {
     if (stage_.isWindow(window))
         return stage_.top();
-    for (QWidget* widget : QApplication::topLevelWidgets())
+    for (const QWidget* widget : QApplication::topLevelWidgets())
         if (widget->windowHandle() == &window)
-            if (const auto* form = dynamic_cast<FormWidget*>(widget))
-                return &form->view();
+            return viewOf(*widget);
     return nullptr;
 }
 
 void QtBackend::focusWindowChanged() {
     deadKeys_.reset();
-    desk_.queue.react([this, window = QPointer<QWindow>(QGuiApplication::focusWindow())] {
+    desk_.queue.line().react([this, window = QPointer<QWindow>(QGuiApplication::focusWindow())] {
         if (!window || window != QGuiApplication::focusWindow())
             return;
         QtFormView* view = viewOf(*window);
@@ -182,12 +195,13 @@ void QtBackend::focusWindowChanged() {
             return;
         const QPointer<QWindow> before = std::exchange(focused_, window);
         Form* active = desk_.runtime->active();
-        if (!active || active == &view->form())
+        if (!active)
             return;
         // Only where the active form's window had the focus did the user take it away. Else it is on its way
         // there: the window manager gives it to another for a moment when a window closes.
         const auto* activeView = static_cast<QtFormView*>(active->view());
-        if (before && activeView && activeView->widget().window()->windowHandle() == before)
+        const QWindow* activeWindow = activeView ? activeView->widget().window()->windowHandle() : nullptr;
+        if (before && activeWindow == before && activeWindow != window)
             desk_.runtime->windowActivated(view->form());
     });
 }
@@ -206,14 +220,13 @@ void QtBackend::deliver(QWindow& window, QEvent& event) {
     if (!view)
         return;
     FormRuntime& runtime = *desk_.runtime;
-    const auto life = view->life();
+    const auto life = view->form().life();
     if (event.type() == QEvent::Close) {
         if (view->form().kind() != FormKind::fullScreen)
             runtime.windowClosed(view->form());
         return;
     }
-    const bool press = event.type() == QEvent::MouseButtonPress || event.type() == QEvent::KeyPress;
-    if (press && &view->form() != runtime.active()) {
+    if (event.type() == QEvent::MouseButtonPress || event.type() == QEvent::KeyPress) {
         runtime.windowActivated(view->form());
         if (life.expired())
             return;
@@ -221,83 +234,54 @@ void QtBackend::deliver(QWindow& window, QEvent& event) {
     if (!view->form().enabled())
         return;
     view->syncStale();
+    if (const Form* child = view->form().activeChild(); child && child->view()) {
+        auto& inner = static_cast<QtFormView&>(*child->view());
+        inner.syncStale();
+        if (event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease)
+            view = &inner;
+    }
     if (event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease)
         deliverKey(*view, window, static_cast<QKeyEvent&>(event));
     else
         desk_.queue.send(window, event);
 }
 
-void QtBackend::deliverKey(QtFormView& view, QWindow& window, QKeyEvent& event) {
-    const auto life = view.life();
-    const bool press = event.type() == QEvent::KeyPress;
-    const bool command = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-    QString text = event.text();
-    if (press && !command)
-        text = deadKeys_.typed(event.key(), event.key() == Qt::Key_Backtab ? QStringLiteral("\t") : text);
+namespace {
 
+/// Commands of the toolkit and the desktop, which type nothing.
+bool isCommand(const QKeyEvent& event) {
+    return event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+}
+
+} // namespace
+
+std::wstring QtBackend::typed(const QKeyEvent& event) {
+    if (event.type() != QEvent::KeyPress || isCommand(event))
+        return {};
+    if (const wchar_t accent = accentOf(event))
+        return deadKeys_.accent(accent);
+    return deadKeys_.typed(event.key() == Qt::Key_Backtab ? L"\t" : fromQt(event.text()));
+}
+
+void QtBackend::deliverKey(QtFormView& view, QWindow& window, QKeyEvent& event) {
     view.keepFocus();
     const ControlView* focused = view.controlView(view.widget().window()->focusWidget());
-    const KeyHandlers* handlers = focused ? focused->keys() : nullptr;
-    if (handlers) {
-        const QString left = offerToControl(view, *handlers, event, command ? QString() : text);
-        if (life.expired() || (press && !command && !text.isEmpty() && left.isEmpty()))
-            return;
-        if (!command)
-            text = left;
-    }
-    QKeyEvent native(event.type(), event.key(), event.modifiers(), event.nativeScanCode(),
-                     event.nativeVirtualKey(), event.nativeModifiers(), text, event.isAutoRepeat(),
-                     static_cast<quint16>(event.count()));
-    view.widget().takeUnusedKey();
-    desk_.queue.send(window, native);
-    if (view.widget().takeUnusedKey() && !handlers)
-        tellForm(view, event, command ? QString() : text);
-}
-
-QString QtBackend::offerToControl(QtFormView& view, const KeyHandlers& handlers, const QKeyEvent& key,
-                                  const QString& text) {
-    const auto life = view.life();
-    FormRuntime& runtime = *desk_.runtime;
-    const auto codes = virtualKeys(key);
-    if (key.type() == QEvent::KeyRelease) {
-        for (std::size_t i = 0; handlers.up && i < codes.size() && !life.expired(); ++i)
-            runtime.dispatch(view.form(), handlers.up);
-        return {};
-    }
-    for (const int code : codes)
-        if (handlers.down && !life.expired())
-            runtime.dispatch(view.form(), [&] { handlers.down(code); });
-    QString left;
-    for (const QChar sign : text) {
-        KeyPress press{toWindows1252(static_cast<wchar_t>(sign.unicode()))};
-        if (life.expired())
-            return {};
-        if (handlers.press && press.code >= 0 && press.code != 127)
-            runtime.dispatch(view.form(), [&] { handlers.press(press); });
-        if (!press.swallowed)
-            left += sign;
-    }
-    return left;
-}
-
-void QtBackend::tellForm(QtFormView& view, const QKeyEvent& key, const QString& text) {
-    const auto life = view.life();
-    Form& form = view.form();
-    const auto tell = [&](const std::function<void()>& handler) {
-        if (!life.expired())
-            desk_.runtime->dispatch(form, handler);
+    view.form().focusMoved(focused ? &focused->control() : nullptr);
+    const auto life = view.form().life();
+    const auto widget = [&](const std::wstring& text) {
+        QKeyEvent left(event.type(), event.key(), event.modifiers(), event.nativeScanCode(),
+                       event.nativeVirtualKey(), event.nativeModifiers(),
+                       isCommand(event) ? event.text() : toQt(text), event.isAutoRepeat(),
+                       static_cast<quint16>(event.count()));
+        view.widget().takeUnusedKey();
+        desk_.queue.send(window, left);
+        return life.expired() || !view.widget().takeUnusedKey();
     };
-    const bool press = key.type() == QEvent::KeyPress;
-    for (const int code : virtualKeys(key))
-        tell([&] { press ? form.Form_KeyDown(code) : form.Form_KeyUp(); });
-    if (!press)
-        return;
-    for (const QChar sign : text) {
-        // The delete key types nothing.
-        const int code = toWindows1252(static_cast<wchar_t>(sign.unicode()));
-        if (code >= 0 && code != 127)
-            tell([&] { form.Form_KeyPress(code); });
-    }
+    const Key key{virtualKeys(event), typed(event)};
+    if (event.type() == QEvent::KeyPress)
+        desk_.router->keyPress(view.form(), key, widget);
+    else
+        desk_.router->keyRelease(view.form(), key, widget);
 }
 
 } // namespace klopfmeise

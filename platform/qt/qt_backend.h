@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/forms/form_view.h"
+#include "platform/forms/backend.h"
+#include "platform/input/dead_keys.h"
 #include "platform/qt/desk.h"
 #include "platform/qt/stage.h"
-#include "platform/qt/virtual_keys.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -19,7 +19,6 @@ class Form;
 class FormRuntime;
 class QtFormView;
 class ZoomStyle;
-struct KeyHandlers;
 
 /// The forms on a real screen.
 ///
@@ -49,10 +48,11 @@ public:
 private:
     void deliver(QWindow& window, QEvent& event);
     void deliverKey(QtFormView& view, QWindow& window, QKeyEvent& event);
-    QString offerToControl(QtFormView& view, const KeyHandlers& handlers, const QKeyEvent& key,
-                           const QString& text);
-    void tellForm(QtFormView& view, const QKeyEvent& key, const QString& text);
+    /// What a press types, accents composed.
+    std::wstring typed(const QKeyEvent& event);
     QtFormView* viewOf(const QWindow& window) const;
+    /// The view of the form that has this window for its own; null for others.
+    static QtFormView* viewOf(const QWidget& window);
     void focusWindowChanged();
     void focusChanged(QWidget* now);
     /// What follows when inputs or ticks have been served.

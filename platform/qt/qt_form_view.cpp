@@ -2,10 +2,12 @@
 
 #include "platform/forms/form_runtime.h"
 #include "platform/qt/desk.h"
+#include "platform/qt/frame_window.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/stage.h"
 
-#include <QGuiApplication>
+#include <QApplication>
+#include <QMdiArea>
 #include <QWindow>
 
 #include <algorithm>
@@ -17,16 +19,21 @@ QtFormView::QtFormView(Form& form, Desk& desk)
     : form_(form)
     , desk_(desk)
     , pictures_(desk.pictures)
-    , widget_(new FormWidget(*this, form, onStage() ? desk.stage->window() : nullptr)) {
+    , widget_(new FormWidget(*this, form, parentOfWidget())) {
     if (form.kind() == FormKind::fullScreen && !form.look().picture.empty()) {
         Scale scale;
         scale.zoom = desk.stage->zoom();
         scale.ratio = desk.stage->ratio();
         desk.pictures.prepare(form.look().picture, scale.device({0, 0, form.width(), form.height()}).size());
     }
+    if (frame_)
+        frame_->dock(*widget_);
+    if (child_)
+        child_->setWidget(widget_);
     containers_[&form_] = widget_;
     build(form_, widget_);
-    if (onStage())
+    arrange();
+    if (form.kind() != FormKind::window && form.kind() != FormKind::splash)
         return;
     Qt::WindowFlags flags = Qt::Dialog | Qt::CustomizeWindowHint | Qt::MSWindowsFixedSizeDialogHint;
     if (form.kind() == FormKind::splash)
@@ -38,11 +45,36 @@ QtFormView::QtFormView(Form& form, Desk& desk)
     widget_->setWindowFlags(flags);
 }
 
+QWidget* QtFormView::parentOfWidget() {
+    switch (form_.kind()) {
+    case FormKind::fullScreen:
+    case FormKind::backdrop:
+        return desk_.stage->window();
+    case FormKind::frame:
+        frame_ = new FrameWindow(*this);
+        return frame_;
+    case FormKind::child: {
+        const Form* frame = desk_.runtime->loaded(form_.look().frame);
+        const auto* view = frame ? static_cast<const QtFormView*>(frame->view()) : nullptr;
+        // A child is only shown in a frame that is.
+        if (view && view->frame_)
+            child_ = new ChildWindow(*this, view->frame_);
+        return child_;
+    }
+    case FormKind::window:
+    case FormKind::splash:
+        break;
+    }
+    return nullptr;
+}
+
 QtFormView::~QtFormView() {
     if (onStage())
         desk_.stage->leave(*this);
     controls_.clear();
     delete widget_.data();
+    delete child_.data();
+    delete frame_.data();
     pictures_.clear();
 }
 
@@ -51,6 +83,8 @@ bool QtFormView::onStage() const {
 }
 
 Files& QtFormView::files() const { return desk_.runtime->services().files; }
+
+InputRouter& QtFormView::router() const { return *desk_.router; }
 
 void QtFormView::build(Container& container, QWidget* parent) {
     for (std::size_t slot = 0; slot < container.controlCount(); ++slot)
@@ -71,23 +105,11 @@ void QtFormView::make(Control& control, QWidget* parent) {
     }
 }
 
-void QtFormView::react(std::function<void()> handler) {
-    desk_.queue.react([life = life(), this, handler = std::move(handler)] {
-        if (!life.expired() && form_.enabled())
-            desk_.runtime->dispatch(form_, handler);
-    });
-}
-
-void QtFormView::controlAdded(Control& control) {
-    if (control.windowed())
-        controlChanged(control);
-}
-
 void QtFormView::controlRemoved(Control& control) {
+    desk_.router->forget(control);
     std::erase(stale_, &control);
     std::erase_if(controls_, [&](const auto& view) { return &view->control() == &control; });
     if (ContainerWidget* parent = containerWidget(control.parent())) {
-        parent->forget(control);
         parent->addDirty(control.place().grown(2 * twipsPerPixel));
         flushLater();
     }
@@ -124,11 +146,20 @@ void QtFormView::formChanged() {
         desk_.stage->refresh();
         return;
     }
-    if (widget_->windowTitle() != title)
-        widget_->setWindowTitle(title);
-    if (QWindow* window = widget_->windowHandle())
-        window->setFlag(Qt::WindowStaysOnTopHint, form_.topMost());
-    if (widget_->isVisible())
+    QWidget* window = frame_   ? static_cast<QWidget*>(frame_)
+                      : child_ ? static_cast<QWidget*>(child_)
+                               : widget_;
+    if (window->windowTitle() != title)
+        window->setWindowTitle(title);
+    if (child_) {
+        layoutWindow();
+        return;
+    }
+    if (QWindow* handle = window->windowHandle())
+        handle->setFlag(Qt::WindowStaysOnTopHint, form_.topMost());
+    if (frame_ && frame_->isVisible())
+        frame_->takeState();
+    else if (!frame_ && widget_->isVisible())
         layoutWindow();
 }
 
@@ -155,20 +186,44 @@ void QtFormView::show() {
 void QtFormView::openWindow() {
     if (onStage() || widget_->isVisible())
         return;
-    widget_->setWindowTitle(toQt(form_.caption()));
-    widget_->winId();
-    QWindow* window = widget_->windowHandle();
-    desk_.queue.watch(*window);
-    if (QWidget* stage = desk_.stage->shownWindow())
-        window->setTransientParent(stage->windowHandle());
+    if (child_) {
+        child_->setWindowTitle(toQt(form_.caption()));
+        auto& frame = static_cast<FrameWindow&>(*child_->window());
+        frame.area().addSubWindow(child_);
+        layoutWindow();
+        focusTarget()->setFocus(Qt::OtherFocusReason);
+        child_->show();
+        return;
+    }
+    QWidget* window = frame_ ? static_cast<QWidget*>(frame_) : widget_;
+    window->setWindowTitle(toQt(form_.caption()));
+    window->winId();
+    desk_.queue.watch(*window->windowHandle());
+    if (const QWidget* below = windowBelow())
+        window->windowHandle()->setTransientParent(below->windowHandle());
+    if (frame_) {
+        frame_->takeState();
+        return;
+    }
     layoutWindow();
     focusTarget()->setFocus(Qt::OtherFocusReason);
     widget_->show();
 }
 
+const QWidget* QtFormView::windowBelow() const {
+    for (const QWidget* window : QApplication::topLevelWidgets())
+        if (window != frame_ && window->isVisible() && dynamic_cast<const FrameWindow*>(window))
+            return window;
+    return desk_.stage->shownWindow();
+}
+
 void QtFormView::hide() {
     if (onStage())
         desk_.stage->leave(*this);
+    if (child_)
+        child_->hide();
+    if (frame_)
+        frame_->hide();
     widget_->hide();
 }
 
@@ -176,11 +231,15 @@ void QtFormView::activate() {
     syncStale();
     if (onStage())
         desk_.stage->raise(*this);
-    else if (widget_->isVisible())
-        widget_->raise();
-    else
+    else if (!widget_->isVisible())
         return;
-    focusTarget()->setFocus(Qt::OtherFocusReason);
+    else if (child_)
+        static_cast<FrameWindow&>(*child_->window()).area().setActiveSubWindow(child_);
+    else
+        widget_->window()->raise();
+    // The keys of a frame go to its child window.
+    if (!form_.activeChild())
+        focusTarget()->setFocus(Qt::OtherFocusReason);
     if (widget_->window()->windowHandle() != QGuiApplication::focusWindow())
         widget_->activateWindow();
 }
@@ -217,20 +276,44 @@ void QtFormView::layout(const Scale& scale) {
     widget_->update();
 }
 
-void QtFormView::layoutWindow() {
+Scale QtFormView::windowScale() const {
     const Rect form{0, 0, form_.width(), form_.height()};
-    const Stage& stage = *desk_.stage;
     Scale scale;
-    scale.ratio = stage.ratio();
-    scale.zoom = stage.windowZoom(form);
+    scale.ratio = desk_.stage->ratio();
+    scale.zoom = desk_.stage->windowZoom(form);
+    if (!child_)
+        return scale;
+    // What a child has beside it in the frame: its distance to the corner, its rim and its title.
+    const QSize room = static_cast<const FrameWindow&>(*child_->window()).area().viewport()->size();
+    const QSize rim = child_->sizeHint() - widget_->size();
+    const Rect whole{0, 0, form_.left() + form.width, form_.top() + form.height};
+    if (room.width() > rim.width() && room.height() > rim.height())
+        scale.zoom = std::min(scale.zoom, zoomToFit(whole, (room - rim) * scale.ratio));
+    return scale;
+}
+
+void QtFormView::layoutWindow() {
+    if (frame_) {
+        frame_->layoutForms();
+        return;
+    }
+    const Rect form{0, 0, form_.width(), form_.height()};
+    const Scale scale = windowScale();
     const QRect size = scale.logical(scale.device(form), true);
     widget_->setFixedSize(size.size());
-    const QRect screen = stage.screen();
+    const QRect placed =
+        scale.logical(scale.device({form_.left(), form_.top(), form.width, form.height}), false);
+    if (child_) {
+        child_->setFixedSize(child_->sizeHint());
+        if (!child_->isVisible())
+            child_->move(placed.topLeft());
+        layout(scale);
+        return;
+    }
+    const QRect screen = desk_.stage->screen();
     QPoint corner = screen.center() - QPoint(size.width() / 2, size.height() / 2);
     if (form_.left() != 0 || form_.top() != 0) {
-        const QRect wanted =
-            scale.logical(scale.device({form_.left(), form_.top(), form.width, form.height}), false);
-        corner = screen.topLeft() + wanted.topLeft();
+        corner = screen.topLeft() + placed.topLeft();
         // A window never leaves the screen.
         corner.setX(
             std::clamp(corner.x(), screen.left(), std::max(screen.left(), screen.right() - size.width())));
@@ -242,6 +325,7 @@ void QtFormView::layoutWindow() {
 }
 
 void QtFormView::syncStale() {
+    bool made = false;
     for (Control* control : std::exchange(stale_, {})) {
         const auto known =
             std::ranges::find_if(controls_, [&](const auto& v) { return &v->control() == control; });
@@ -257,7 +341,46 @@ void QtFormView::syncStale() {
         make(*control, parent);
         for (std::size_t i = before; i < controls_.size(); ++i)
             controls_[i]->sync(scaleOf(controls_[i]->control().parent()));
+        made = true;
     }
+    if (made)
+        arrange();
+}
+
+namespace {
+
+/// The windowed controls of a container in the order of their making, each followed by what it holds.
+void inOrder(const Container& container, std::vector<const Control*>& order) {
+    for (std::size_t slot = 0; slot < container.controlCount(); ++slot) {
+        Control& control = container.control(slot);
+        if (!control.windowed())
+            continue;
+        order.push_back(&control);
+        if (const Container* inner = control.asContainer())
+            inOrder(*inner, order);
+    }
+}
+
+} // namespace
+
+void QtFormView::arrange() {
+    std::vector<const Control*> order;
+    inOrder(form_, order);
+    std::map<const Control*, std::size_t> places;
+    for (std::size_t place = 0; place < order.size(); ++place)
+        places[order[place]] = place;
+    std::ranges::sort(controls_, {}, [&](const auto& view) { return places.at(&view->control()); });
+    // From the last one down, so that a widget already in its place is not moved.
+    std::map<const QWidget*, QWidget*> above;
+    for (auto view = controls_.rbegin(); view != controls_.rend(); ++view) {
+        QWidget* widget = (*view)->widget();
+        QWidget*& next = above[widget->parentWidget()];
+        if (next)
+            widget->stackUnder(next);
+        next = widget;
+    }
+    for (std::size_t i = 1; i < controls_.size(); ++i)
+        QWidget::setTabOrder(controls_[i - 1]->widget(), controls_[i]->widget());
 }
 
 ControlView* QtFormView::controlView(const QWidget* widget) const {
@@ -293,7 +416,7 @@ void QtFormView::flushLater() {
 void QtFormView::flush() {
     if (desk_.queue.takingIn()) {
         // The handler that waits has not come to its end yet.
-        desk_.queue.react([life = life(), this] {
+        desk_.queue.line().react([life = form_.life(), this] {
             if (!life.expired())
                 flush();
         });

@@ -1,34 +1,32 @@
 #pragma once
 
 #include "platform/forms/form.h"
+#include "platform/input/input_router.h"
 #include "platform/qt/control_view.h"
 #include "platform/qt/form_widget.h"
 #include "platform/qt/picture_cache.h"
 
 #include <QPointer>
 
-#include <functional>
 #include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
-class QKeyEvent;
-class QWindow;
-
 namespace klopfmeise {
 
-struct Desk;
-class Files;
+class ChildWindow;
+class FrameWindow;
 
-/// What is on the screen of one form. Full-screen forms and the backdrop are children of the stage; the
-/// others are windows.
+struct Desk;
+
+/// What is on the screen of one form. Full-screen forms and the backdrop are children of the stage, child
+/// windows lie in their frame; the others are windows.
 class QtFormView final : public FormView {
 public:
     QtFormView(Form& form, Desk& desk);
     ~QtFormView() override;
 
-    void controlAdded(Control& control) override;
     void controlRemoved(Control& control) override;
     void controlChanged(Control& control) override;
     void areaDirty(Container& container, const Rect& area) override;
@@ -47,14 +45,11 @@ public:
     FormWidget& widget() const { return *widget_; }
     HeldPictures& pictures() { return pictures_; }
     Files& files() const;
+    InputRouter& router() const;
     bool onStage() const;
-    /// Has a handler of the form called once the input being served is through.
-    void react(std::function<void()> handler);
-    /// Ends with the view; whoever calls a handler asks it before touching the view again.
-    std::weak_ptr<const int> life() const { return life_; }
     /// Gives every widget its place at this scale.
     void layout(const Scale& scale);
-    /// Size and place of a form that is a window of its own.
+    /// Size and place of a form that is a window of its own or lies in a frame.
     void layoutWindow();
     /// Brings the windowed controls that changed up to date.
     void syncStale();
@@ -70,6 +65,12 @@ private:
     /// show.
     void build(Container& container, QWidget* parent);
     void make(Control& control, QWidget* parent);
+    /// Puts the widgets into the order in which their controls were made, on the screen and for the Tab key.
+    void arrange();
+    QWidget* parentOfWidget();
+    /// The window over which one of this form opens; null if there is none.
+    const QWidget* windowBelow() const;
+    Scale windowScale() const;
     QWidget* focusTarget() const;
     Scale scaleOf(const Container& container) const;
     void flushLater();
@@ -78,7 +79,8 @@ private:
     Form& form_;
     Desk& desk_;
     HeldPictures pictures_;
-    std::shared_ptr<const int> life_ = std::make_shared<const int>(0);
+    QPointer<FrameWindow> frame_;
+    QPointer<ChildWindow> child_;
     QPointer<FormWidget> widget_;
     /// In the order of the controls, a container before what it holds.
     std::vector<std::unique_ptr<ControlView>> controls_;

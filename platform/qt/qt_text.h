@@ -19,7 +19,6 @@ inline QColor toQt(Color color) { return {color.red, color.green, color.blue}; }
 /// The colours of controls that the forms leave open.
 namespace look {
 inline constexpr Color ink = RGB(0x2b, 0x3a, 0x4a);
-inline constexpr Color blush = RGB(0xec, 0xcf, 0xc8);
 inline constexpr Color coral = RGB(0xcc, 0x66, 0x66);
 inline constexpr Color blue = RGB(0x3d, 0x7e, 0xa6);
 inline constexpr Color button = RGB(0xf4, 0xf7, 0xf9);

@@ -91,7 +91,7 @@ public:
         edit_.setReadOnly(box.readOnly());
         edit_.setFrameShape(QFrame::NoFrame);
         const auto told = [this] {
-            this->view().react([this] {
+            tell([this] {
                 RtfDocument document = documentOf();
                 const std::wstring text = document.plainText();
                 const QTextCursor cursor = edit_.textCursor();

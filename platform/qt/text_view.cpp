@@ -1,10 +1,13 @@
+#include "platform/controls/text_box.h"
 #include "platform/qt/control_view.h"
 #include "platform/qt/qt_form_view.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/text_painter.h"
 #include "platform/qt/zoom_style.h"
 
+#include <QClipboard>
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMimeData>
@@ -52,7 +55,40 @@ public:
         return query == Qt::ImEnabled ? QVariant(false) : Base::inputMethodQuery(query);
     }
 };
-using LineEdit = WithoutInputMethod<QLineEdit>;
+
+/// What is pasted passes the key filter of the box like typed characters.
+class LineEdit final : public WithoutInputMethod<QLineEdit> {
+public:
+    LineEdit(QtFormView& view, TextBox& box, QWidget* parent)
+        : WithoutInputMethod(parent)
+        , view_(view)
+        , box_(box) {
+        setAcceptDrops(false);
+    }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->matches(QKeySequence::Paste))
+            paste(QClipboard::Clipboard);
+        else
+            WithoutInputMethod::keyPressEvent(event);
+    }
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        if (event->button() == Qt::MiddleButton)
+            paste(QClipboard::Selection);
+        else
+            WithoutInputMethod::mouseReleaseEvent(event);
+    }
+
+private:
+    void paste(QClipboard::Mode mode) {
+        if (!isReadOnly())
+            insert(toQt(view_.router().pasted(box_, fromQt(QGuiApplication::clipboard()->text(mode)))));
+    }
+
+    QtFormView& view_;
+    TextBox& box_;
+};
 
 class LineView final : public ControlView {
 public:
@@ -61,7 +97,7 @@ public:
         , box_(box)
         , edit_(*widget) {
         const auto told = [this] {
-            this->view().react([this] { box_.edited(fromQt(edit_.text()), edit_.cursorPosition()); });
+            tell([this] { box_.edited(fromQt(edit_.text()), edit_.cursorPosition()); });
         };
         if (box.passwordSign()) {
             edit_.setProperty(ZoomStyle::passwordSign, static_cast<int>(box.passwordSign()));
@@ -139,7 +175,7 @@ public:
         , box_(box)
         , edit_(*widget) {
         const auto told = [this] {
-            this->view().react([this] {
+            tell([this] {
                 const QString text = edit_.toPlainText();
                 box_.edited(modelText(text), modelPosition(text, edit_.textCursor().position()));
             });
@@ -177,7 +213,7 @@ private:
 std::unique_ptr<ControlView> makeTextView(QtFormView& view, TextBox& box, QWidget* parent) {
     if (box.multiLine())
         return std::make_unique<AreaView>(view, box, new Editor(box, parent));
-    return std::make_unique<LineView>(view, box, new LineEdit(parent));
+    return std::make_unique<LineView>(view, box, new LineEdit(view, box, parent));
 }
 
 } // namespace klopfmeise

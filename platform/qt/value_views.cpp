@@ -1,3 +1,5 @@
+#include "platform/controls/checks.h"
+#include "platform/controls/ranges.h"
 #include "platform/qt/control_view.h"
 #include "platform/qt/qt_form_view.h"
 #include "platform/qt/qt_text.h"
@@ -19,9 +21,8 @@ public:
         : ControlView(view, range, widget)
         , range_(range)
         , slider_(*widget) {
-        QObject::connect(widget, &QAbstractSlider::valueChanged, widget, [this](int value) {
-            this->view().react([this, value] { range_.setValue(value); });
-        });
+        QObject::connect(widget, &QAbstractSlider::valueChanged, widget,
+                         [this] { tell([this] { range_.movedTo(slider_.value()); }); });
     }
 
 private:
@@ -45,10 +46,11 @@ public:
         , button_(*widget) {
         // Which option excludes which is the model's business.
         button_.setAutoExclusive(false);
-        QObject::connect(widget, &QAbstractButton::clicked, widget, [this](bool on) {
-            if (check_.exclusive() && !on)
+        QObject::connect(widget, &QAbstractButton::clicked, widget, [this] {
+            // An option does not go off by a press.
+            if (check_.kind() == Kind::optionButton)
                 button_.setChecked(true);
-            this->view().react([this, on] { check_.setValue(on || check_.exclusive() ? 1 : 0); });
+            tell([this] { check_.pressed(); });
         });
     }
 
@@ -65,27 +67,26 @@ private:
 
 } // namespace
 
-std::unique_ptr<ControlView> makeRangeView(QtFormView& view, RangeControl& range, QWidget* parent) {
-    const Qt::Orientation orientation = range.vertical() ? Qt::Vertical : Qt::Horizontal;
-    if (dynamic_cast<ScrollBar*>(&range)) {
-        auto* bar = new QScrollBar(orientation, parent);
-        bar->setFocusPolicy(Qt::TabFocus);
-        return std::make_unique<RangeView>(view, range, bar);
-    }
-    auto* slider = new QSlider(orientation, parent);
-    // The least value lies at the top, as in a scroll bar.
-    slider->setInvertedAppearance(range.vertical());
-    slider->setInvertedControls(range.vertical());
-    return std::make_unique<RangeView>(view, range, slider);
+std::unique_ptr<ControlView> makeScrollBarView(QtFormView& view, ScrollBar& bar, QWidget* parent) {
+    auto* widget = new QScrollBar(bar.vertical() ? Qt::Vertical : Qt::Horizontal, parent);
+    widget->setFocusPolicy(Qt::TabFocus);
+    return std::make_unique<RangeView>(view, bar, widget);
 }
 
-std::unique_ptr<ControlView> makeCheckView(QtFormView& view, CheckControl& check, QWidget* parent) {
-    QAbstractButton* widget = nullptr;
-    if (check.exclusive())
-        widget = new QRadioButton(parent);
-    else
-        widget = new QCheckBox(parent);
-    return std::make_unique<CheckView>(view, check, widget);
+std::unique_ptr<ControlView> makeSliderView(QtFormView& view, Slider& slider, QWidget* parent) {
+    auto* widget = new QSlider(slider.vertical() ? Qt::Vertical : Qt::Horizontal, parent);
+    // The least value lies at the top, as in a scroll bar.
+    widget->setInvertedAppearance(slider.vertical());
+    widget->setInvertedControls(slider.vertical());
+    return std::make_unique<RangeView>(view, slider, widget);
+}
+
+std::unique_ptr<ControlView> makeOptionView(QtFormView& view, OptionButton& option, QWidget* parent) {
+    return std::make_unique<CheckView>(view, option, new QRadioButton(parent));
+}
+
+std::unique_ptr<ControlView> makeCheckBoxView(QtFormView& view, CheckBox& box, QWidget* parent) {
+    return std::make_unique<CheckView>(view, box, new QCheckBox(parent));
 }
 
 } // namespace klopfmeise

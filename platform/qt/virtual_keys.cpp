@@ -101,22 +101,16 @@ int codeOf(const QKeyEvent& event) {
     return lookUp(typedKeys, key);
 }
 
-struct Accent {
-    int key;
-    char16_t sign;
-    std::u16string_view plain;
-    std::u16string_view composed;
-};
-
-constexpr std::array accents = std::to_array<Accent>({
-    {Qt::Key_Dead_Acute, u'´', u"aeiouyAEIOUY", u"áéíóúýÁÉÍÓÚÝ"},
-    {Qt::Key_Dead_Grave, u'`', u"aeiouAEIOU", u"àèìòùÀÈÌÒÙ"},
-    {Qt::Key_Dead_Circumflex, u'^', u"aeiouAEIOU", u"âêîôûÂÊÎÔÛ"},
-    {Qt::Key_Dead_Tilde, u'~', u"anoANO", u"ãñõÃÑÕ"},
-    {Qt::Key_Dead_Diaeresis, u'¨', u"aeiouyAEIOUY", u"äëïöüÿÄËÏÖÜŸ"},
-    {Qt::Key_Dead_Cedilla, u'¸', u"cC", u"çÇ"},
-    {Qt::Key_Dead_Abovering, u'°', u"aA", u"åÅ"},
-    {Qt::Key_Dead_Caron, u'ˇ', u"szSZ", u"šžŠŽ"},
+/// The accent keys, by the sign that stands for each alone.
+constexpr std::array accents = std::to_array<std::pair<int, wchar_t>>({
+    {Qt::Key_Dead_Acute, L'´'},
+    {Qt::Key_Dead_Grave, L'`'},
+    {Qt::Key_Dead_Circumflex, L'^'},
+    {Qt::Key_Dead_Tilde, L'~'},
+    {Qt::Key_Dead_Diaeresis, L'¨'},
+    {Qt::Key_Dead_Cedilla, L'¸'},
+    {Qt::Key_Dead_Abovering, L'°'},
+    {Qt::Key_Dead_Caron, L'ˇ'},
 });
 
 } // namespace
@@ -128,24 +122,9 @@ std::vector<int> virtualKeys(const QKeyEvent& key) {
     return code ? std::vector{code} : std::vector<int>{};
 }
 
-QString DeadKeys::typed(int key, const QString& text) {
-    if (const auto* accent = std::ranges::find(accents, key, &Accent::key); accent != accents.end()) {
-        const char16_t waiting = std::exchange(accent_, accent->sign);
-        if (waiting == 0)
-            return {};
-        if (waiting == accent->sign)
-            accent_ = 0;
-        return QString(QChar(waiting));
-    }
-    if (accent_ == 0 || text.isEmpty())
-        return text;
-    const char16_t waiting = std::exchange(accent_, char16_t{0});
-    const char16_t sign = text[0].unicode();
-    if (sign == u' ')
-        return QString(QChar(waiting));
-    const auto* accent = std::ranges::find(accents, waiting, &Accent::sign);
-    const auto at = accent->plain.find(sign);
-    return at == std::u16string_view::npos ? QChar(waiting) + text : QString(QChar(accent->composed[at]));
+wchar_t accentOf(const QKeyEvent& key) {
+    const auto* found = std::ranges::find(accents, key.key(), &std::pair<int, wchar_t>::first);
+    return found == accents.end() ? L'\0' : found->second;
 }
 
 } // namespace klopfmeise

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QString>
-
 #include <vector>
 
 class QKeyEvent;
@@ -12,18 +10,7 @@ namespace klopfmeise {
 /// control and alt for Alt Gr, none for keys that the forms never see.
 std::vector<int> virtualKeys(const QKeyEvent& key);
 
-/// Composes the accent keys of the keyboard with the character typed behind them, as one stream for all
-/// controls. This takes the place of the toolkit's input methods, which depend on the locale and would tell
-/// composed characters past the queue of the keys.
-class DeadKeys {
-public:
-    /// The text that a key press types: its own, a composed one, or none while an accent waits. An accent
-    /// that does not go with the character is typed before it; behind itself or a blank it stands alone.
-    QString typed(int key, const QString& text);
-    void reset() { accent_ = 0; }
-
-private:
-    char16_t accent_ = 0;
-};
+/// The sign of an accent key as it stands alone; 0 for other keys.
+wchar_t accentOf(const QKeyEvent& key);
 
 } // namespace klopfmeise

@@ -60,6 +60,6 @@ struct RtfDocument {
 [[nodiscard]] RtfDocument documentFromPlainText(std::wstring_view text);
 
 /// ASCII bytes. \par stands between the paragraphs only, so that reading gives the same document again.
-[[nodiscard]] std::string writeRtf(const RtfDocument& dokument);
+[[nodiscard]] std::string writeRtf(const RtfDocument& document);
 
 } // namespace klopfmeise

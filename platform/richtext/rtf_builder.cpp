@@ -4,34 +4,34 @@
 
 namespace klopfmeise {
 
-void RtfBuilder::zeichen(wchar_t zeichen, const RtfFormat& format) {
-    if (zeichen < L' ' && zeichen != L'\t' && zeichen != L'\n')
+void RtfBuilder::add(wchar_t character, const RtfFormat& format) {
+    if (character < L' ' && character != L'\t' && character != L'\n')
         return;
-    auto& läufe = absatz_.runs;
-    const bool neu = läufe.empty() || (läufe_ < höchstzahlLäufe && läufe.back().format != format);
-    if (neu) {
-        läufe.push_back({{}, format});
-        ++läufe_;
+    auto& runs = paragraph_.runs;
+    const bool fresh = runs.empty() || (runCount_ < maxRuns && runs.back().format != format);
+    if (fresh) {
+        runs.push_back({{}, format});
+        ++runCount_;
     }
-    läufe.back().text += zeichen;
+    runs.back().text += character;
 }
 
-void RtfBuilder::absatzende(RtfAlignment alignment, const RtfFormat& format) {
-    if (dokument_.paragraphs.size() + 1 >= höchstzahlAbsätze) {
-        zeichen(L'\n', format);
+void RtfBuilder::endParagraph(RtfAlignment alignment, const RtfFormat& format) {
+    if (document_.paragraphs.size() + 1 >= maxParagraphs) {
+        add(L'\n', format);
         return;
     }
-    absatz_.alignment = alignment;
-    dokument_.paragraphs.push_back(std::move(absatz_));
-    absatz_ = {};
+    paragraph_.alignment = alignment;
+    document_.paragraphs.push_back(std::move(paragraph_));
+    paragraph_ = {};
 }
 
-RtfDocument RtfBuilder::fertig(RtfAlignment alignment) {
-    absatz_.alignment = alignment;
-    dokument_.paragraphs.push_back(std::move(absatz_));
-    absatz_ = {};
-    läufe_ = 0;
-    return std::exchange(dokument_, {});
+RtfDocument RtfBuilder::finish(RtfAlignment alignment) {
+    paragraph_.alignment = alignment;
+    document_.paragraphs.push_back(std::move(paragraph_));
+    paragraph_ = {};
+    runCount_ = 0;
+    return std::exchange(document_, {});
 }
 
 } // namespace klopfmeise

@@ -11,19 +11,19 @@ namespace klopfmeise {
 class RtfBuilder {
 public:
     /// Control characters but tab and line break are dropped.
-    void zeichen(wchar_t zeichen, const RtfFormat& format);
-    void absatzende(RtfAlignment alignment, const RtfFormat& format);
-    [[nodiscard]] bool absatzLeer() const { return absatz_.runs.empty(); }
+    void add(wchar_t character, const RtfFormat& format);
+    void endParagraph(RtfAlignment alignment, const RtfFormat& format);
+    [[nodiscard]] bool paragraphEmpty() const { return paragraph_.runs.empty(); }
     /// Closes the last paragraph; the builder is empty afterwards.
-    [[nodiscard]] RtfDocument fertig(RtfAlignment alignment);
+    [[nodiscard]] RtfDocument finish(RtfAlignment alignment);
 
 private:
-    static constexpr std::size_t höchstzahlLäufe = 200'000;
-    static constexpr std::size_t höchstzahlAbsätze = 500'000;
+    static constexpr std::size_t maxRuns = 200'000;
+    static constexpr std::size_t maxParagraphs = 500'000;
 
-    RtfDocument dokument_;
-    RtfParagraph absatz_;
-    std::size_t läufe_ = 0;
+    RtfDocument document_;
+    RtfParagraph paragraph_;
+    std::size_t runCount_ = 0;
 };
 
 } // namespace klopfmeise

@@ -7,6 +7,6 @@
 namespace klopfmeise {
 
 /// The bytes of a plain-text file: UTF-8 after a byte order mark, else Windows-1252.
-[[nodiscard]] RtfDocument klartextLesen(std::string_view bytes);
+[[nodiscard]] RtfDocument readPlainText(std::string_view bytes);
 
 } // namespace klopfmeise

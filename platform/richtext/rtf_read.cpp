@@ -4,6 +4,7 @@
 #include "platform/richtext/rtf_state.h"
 #include "platform/richtext/rtf_tables.h"
 #include "platform/richtext/rtf_words.h"
+#include "platform/values/utf8.h"
 #include "platform/values/windows1252.h"
 
 #include <algorithm>
@@ -13,21 +14,19 @@ namespace klopfmeise {
 
 namespace {
 
-constexpr std::size_t höchsteTiefe = 1000;
-constexpr int höchsteZahl = 1'000'000'000;
-constexpr int höchsterErsatz = 1000;
-constexpr wchar_t ersatzzeichen = 0xFFFD;
-constexpr std::string_view anfang = "{\\rtf";
-constexpr std::string_view bytemarke = "\xEF\xBB\xBF";
+constexpr std::size_t maxDepth = 1000;
+constexpr int maxNumber = 1'000'000'000;
+constexpr int maxSubstitutes = 1000;
+constexpr std::string_view signature = "{\\rtf";
 
 static_assert(sizeof(wchar_t) >= 4, "a surrogate pair becomes one character");
 
-constexpr bool istBuchstabe(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+constexpr bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
-constexpr bool istZiffer(char c) { return c >= '0' && c <= '9'; }
+constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
-constexpr int hexwert(char c) {
-    if (istZiffer(c))
+constexpr int hexValue(char c) {
+    if (isDigit(c))
         return c - '0';
     if (c >= 'a' && c <= 'f')
         return c - 'a' + 10;
@@ -35,132 +34,132 @@ constexpr int hexwert(char c) {
 }
 
 /// Line ends are control words; one given as a number is dropped with the other control characters.
-constexpr wchar_t ohneZeilenende(wchar_t zeichen) { return zeichen == L'\n' ? L'\0' : zeichen; }
+constexpr wchar_t withoutLineEnd(wchar_t character) { return character == L'\n' ? L'\0' : character; }
 
-class Leser {
+class Reader {
 public:
-    explicit Leser(std::string_view bytes)
+    explicit Reader(std::string_view bytes)
         : bytes_(bytes) {}
-    [[nodiscard]] RtfDocument lies();
+    [[nodiscard]] RtfDocument read();
 
 private:
-    void gruppeAuf();
-    void gruppeZu();
-    void rückstrich();
-    void hexbyte();
-    void steuerwort();
-    void führeAus(const RtfSteuerwort& steuerwort, int zahl, bool mitZahl);
-    void unicode(int zahl);
-    void zeichen(wchar_t zeichen, bool roh);
-    void ablegen(wchar_t zeichen, bool roh);
-    void absatzende();
-    void halbesAblegen();
+    void openGroup();
+    void closeGroup();
+    void backslash();
+    void hexByte();
+    void controlWord();
+    void execute(const RtfControlWord& controlWord, int number, bool hasNumber);
+    void unicode(int number);
+    void take(wchar_t character, bool raw);
+    void put(wchar_t character, bool raw);
+    void endParagraph();
+    void putHalf();
     const RtfFormat& format();
 
     std::string_view bytes_;
-    std::size_t stelle_ = 0;
-    bool ende_ = false;
+    std::size_t at_ = 0;
+    bool ended_ = false;
 
-    RtfBuilder bauer_;
-    RtfState zustand_;
-    std::vector<RtfState> gruppen_;
-    std::size_t überzählige_ = 0; ///< open groups beyond the greatest depth; they share the deepest state
-    int überspringen_ = 0;        ///< characters that only stand for the last \u
-    std::uint32_t hohes_ = 0;     ///< first half of a surrogate pair, 0: none
+    RtfBuilder builder_;
+    RtfState state_;
+    std::vector<RtfState> groups_;
+    std::size_t surplus_ = 0; ///< open groups beyond the greatest depth; they share the deepest state
+    int skip_ = 0;            ///< characters that only stand for the last \u
+    std::uint32_t high_ = 0;  ///< first half of a surrogate pair, 0: none
 
-    RtfTabellen tabellen_;
+    RtfTables tables_;
     RtfFormat format_;
-    bool formatVeraltet_ = true;
+    bool formatStale_ = true;
 };
 
-RtfDocument Leser::lies() {
-    while (!ende_ && stelle_ < bytes_.size()) {
-        const char c = bytes_[stelle_++];
+RtfDocument Reader::read() {
+    while (!ended_ && at_ < bytes_.size()) {
+        const char c = bytes_[at_++];
         switch (c) {
         case '{':
-            gruppeAuf();
+            openGroup();
             break;
         case '}':
-            gruppeZu();
+            closeGroup();
             break;
         case '\\':
-            rückstrich();
+            backslash();
             break;
         case '\r':
         case '\n':
             break;
         default:
-            zeichen(fromWindows1252(static_cast<unsigned char>(c)), true);
+            take(fromWindows1252(static_cast<unsigned char>(c)), true);
         }
     }
-    halbesAblegen();
-    return bauer_.fertig(zustand_.alignment);
+    putHalf();
+    return builder_.finish(state_.alignment);
 }
 
-void Leser::gruppeAuf() {
-    halbesAblegen();
-    überspringen_ = 0;
-    if (gruppen_.size() < höchsteTiefe)
-        gruppen_.push_back(zustand_);
+void Reader::openGroup() {
+    putHalf();
+    skip_ = 0;
+    if (groups_.size() < maxDepth)
+        groups_.push_back(state_);
     else
-        ++überzählige_;
+        ++surplus_;
 }
 
 // The state of the outermost group stays when it ends: the last paragraph takes its alignment from there.
-void Leser::gruppeZu() {
-    halbesAblegen();
-    überspringen_ = 0;
-    if (zustand_.ziel == RtfTarget::schriften && tabellen_.nameBegonnen())
-        tabellen_.schriftFertig();
-    if (überzählige_ > 0) {
-        --überzählige_;
-    } else if (gruppen_.size() <= 1) {
-        ende_ = true;
+void Reader::closeGroup() {
+    putHalf();
+    skip_ = 0;
+    if (state_.target == RtfTarget::fonts && tables_.nameBegun())
+        tables_.endFont();
+    if (surplus_ > 0) {
+        --surplus_;
+    } else if (groups_.size() <= 1) {
+        ended_ = true;
     } else {
-        zustand_ = gruppen_.back();
-        gruppen_.pop_back();
-        formatVeraltet_ = true;
+        state_ = groups_.back();
+        groups_.pop_back();
+        formatStale_ = true;
     }
 }
 
-void Leser::rückstrich() {
-    if (stelle_ >= bytes_.size())
+void Reader::backslash() {
+    if (at_ >= bytes_.size())
         return;
-    const char c = bytes_[stelle_];
-    if (istBuchstabe(c)) {
-        steuerwort();
+    const char c = bytes_[at_];
+    if (isLetter(c)) {
+        controlWord();
         return;
     }
-    ++stelle_;
+    ++at_;
     switch (c) {
     case '\\':
     case '{':
     case '}':
-        zeichen(static_cast<wchar_t>(c), false);
+        take(static_cast<wchar_t>(c), false);
         break;
     case '\'':
-        hexbyte();
+        hexByte();
         break;
     case '~':
-        zeichen(0xA0, false);
+        take(0xA0, false);
         break;
     // The code page has no non-breaking hyphen and no key types one.
     case '_':
-        zeichen(L'-', false);
+        take(L'-', false);
         break;
     case '\t':
-        zeichen(L'\t', false);
+        take(L'\t', false);
         break;
     case '\r':
-        if (stelle_ < bytes_.size() && bytes_[stelle_] == '\n')
-            ++stelle_;
-        absatzende();
+        if (at_ < bytes_.size() && bytes_[at_] == '\n')
+            ++at_;
+        endParagraph();
         break;
     case '\n':
-        absatzende();
+        endParagraph();
         break;
     case '*':
-        zustand_.ziel = RtfTarget::nirgends;
+        state_.target = RtfTarget::nowhere;
         break;
     // An optional hyphen (\-) is not seen unless a line breaks there, so it is no character of the text.
     default:
@@ -168,176 +167,173 @@ void Leser::rückstrich() {
     }
 }
 
-void Leser::hexbyte() {
-    if (bytes_.size() - stelle_ < 2)
+void Reader::hexByte() {
+    if (bytes_.size() - at_ < 2)
         return;
-    const int hoch = hexwert(bytes_[stelle_]);
-    const int tief = hexwert(bytes_[stelle_ + 1]);
-    if (hoch < 0 || tief < 0)
+    const int high = hexValue(bytes_[at_]);
+    const int low = hexValue(bytes_[at_ + 1]);
+    if (high < 0 || low < 0)
         return;
-    stelle_ += 2;
-    zeichen(ohneZeilenende(fromWindows1252(static_cast<unsigned char>(hoch * 16 + tief))), false);
+    at_ += 2;
+    take(withoutLineEnd(fromWindows1252(static_cast<unsigned char>(high * 16 + low))), false);
 }
 
-void Leser::steuerwort() {
-    const std::size_t beginn = stelle_;
-    while (stelle_ < bytes_.size() && istBuchstabe(bytes_[stelle_]))
-        ++stelle_;
-    const std::string_view name = bytes_.substr(beginn, stelle_ - beginn);
+void Reader::controlWord() {
+    const std::size_t begin = at_;
+    while (at_ < bytes_.size() && isLetter(bytes_[at_]))
+        ++at_;
+    const std::string_view name = bytes_.substr(begin, at_ - begin);
 
-    const auto zifferBei = [this](std::size_t stelle) {
-        return stelle < bytes_.size() && istZiffer(bytes_[stelle]);
-    };
-    const bool minus = stelle_ < bytes_.size() && bytes_[stelle_] == '-' && zifferBei(stelle_ + 1);
+    const auto digitAt = [this](std::size_t at) { return at < bytes_.size() && isDigit(bytes_[at]); };
+    const bool minus = at_ < bytes_.size() && bytes_[at_] == '-' && digitAt(at_ + 1);
     if (minus)
-        ++stelle_;
-    const bool mitZahl = zifferBei(stelle_);
-    int zahl = 0;
-    for (; zifferBei(stelle_); ++stelle_)
-        zahl = zahl >= höchsteZahl / 10 ? höchsteZahl : zahl * 10 + (bytes_[stelle_] - '0');
-    if (stelle_ < bytes_.size() && bytes_[stelle_] == ' ')
-        ++stelle_;
-    führeAus(rtfSteuerwort(name), minus ? -zahl : zahl, mitZahl);
+        ++at_;
+    const bool hasNumber = digitAt(at_);
+    int number = 0;
+    for (; digitAt(at_); ++at_)
+        number = number >= maxNumber / 10 ? maxNumber : number * 10 + (bytes_[at_] - '0');
+    if (at_ < bytes_.size() && bytes_[at_] == ' ')
+        ++at_;
+    execute(rtfControlWord(name), minus ? -number : number, hasNumber);
 }
 
-void Leser::führeAus(const RtfSteuerwort& steuerwort, int zahl, bool mitZahl) {
+void Reader::execute(const RtfControlWord& controlWord, int number, bool hasNumber) {
     // Of control words only a character can stand for a \u. Where a writer left the substitute out, the words
     // that follow must not be lost for it.
-    if (steuerwort.wort == RtfWord::zeichen) {
-        zeichen(static_cast<wchar_t>(steuerwort.wert), false);
+    if (controlWord.word == RtfWord::character) {
+        take(static_cast<wchar_t>(controlWord.value), false);
         return;
     }
-    if (steuerwort.wort != RtfWord::bin)
-        überspringen_ = 0;
-    const bool an = !mitZahl || zahl != 0;
+    if (controlWord.word != RtfWord::bin)
+        skip_ = 0;
+    const bool on = !hasNumber || number != 0;
 
-    switch (steuerwort.wort) {
-    case RtfWord::absatz:
-        absatzende();
+    switch (controlWord.word) {
+    case RtfWord::paragraph:
+        endParagraph();
         break;
-    case RtfWord::abschnitt:
-        if (!bauer_.absatzLeer())
-            absatzende();
+    case RtfWord::section:
+        if (!builder_.paragraphEmpty())
+            endParagraph();
         break;
     case RtfWord::bin:
-        stelle_ += std::min(static_cast<std::size_t>(std::max(zahl, 0)), bytes_.size() - stelle_);
-        überspringen_ = std::max(überspringen_ - 1, 0);
+        at_ += std::min(static_cast<std::size_t>(std::max(number, 0)), bytes_.size() - at_);
+        skip_ = std::max(skip_ - 1, 0);
         break;
     case RtfWord::unicode:
-        unicode(zahl);
+        unicode(number);
         break;
     case RtfWord::uc:
-        zustand_.ersatz = std::clamp(zahl, 0, höchsterErsatz);
+        state_.substitutes = std::clamp(number, 0, maxSubstitutes);
         break;
-    case RtfWord::ueberspringen:
-        zustand_.ziel = RtfTarget::nirgends;
+    case RtfWord::skip:
+        state_.target = RtfTarget::nowhere;
         break;
-    case RtfWord::schrifttabelle:
-    case RtfWord::farbtabelle:
-        if (zustand_.ziel == RtfTarget::text)
-            zustand_.ziel =
-                steuerwort.wort == RtfWord::farbtabelle ? RtfTarget::farben : RtfTarget::schriften;
+    case RtfWord::fontTable:
+    case RtfWord::colorTable:
+        if (state_.target == RtfTarget::text)
+            state_.target = controlWord.word == RtfWord::colorTable ? RtfTarget::colors : RtfTarget::fonts;
         break;
-    case RtfWord::schriftVorgabe:
-        tabellen_.schriftVorgabe(zahl);
-        formatVeraltet_ = true;
+    case RtfWord::defaultFont:
+        tables_.setDefaultFont(number);
+        formatStale_ = true;
         break;
-    case RtfWord::rot:
-        tabellen_.farbanteil(16, zahl);
+    case RtfWord::red:
+        tables_.colorPart(16, number);
         break;
-    case RtfWord::gruen:
-        tabellen_.farbanteil(8, zahl);
+    case RtfWord::green:
+        tables_.colorPart(8, number);
         break;
-    case RtfWord::blau:
-        tabellen_.farbanteil(0, zahl);
+    case RtfWord::blue:
+        tables_.colorPart(0, number);
         break;
     case RtfWord::pard:
-        zustand_.alignment = RtfAlignment::left;
+        state_.alignment = RtfAlignment::left;
         break;
     case RtfWord::alignment:
-        zustand_.alignment = static_cast<RtfAlignment>(steuerwort.wert);
+        state_.alignment = static_cast<RtfAlignment>(controlWord.value);
         break;
     default:
-        if (steuerwort.wort == RtfWord::schrift && zustand_.ziel == RtfTarget::schriften)
-            tabellen_.schriftnummer(zahl);
-        zustand_.zeichenformat(steuerwort.wort, zahl, an);
-        formatVeraltet_ = true;
+        if (controlWord.word == RtfWord::font && state_.target == RtfTarget::fonts)
+            tables_.beginFont(number);
+        state_.applyWord(controlWord.word, number, on);
+        formatStale_ = true;
     }
 }
 
 // Numbers above 32767 are written negative, characters above FFFF as two halves; some writers do neither. The
 // halves may stand apart, with other control words between them.
-void Leser::unicode(int zahl) {
-    auto wert = static_cast<std::uint32_t>(zahl < 0 && zahl >= -0x8000 ? zahl + 0x10000 : zahl);
-    if (wert >= 0xDC00 && wert <= 0xDFFF && hohes_ != 0) {
-        wert = 0x10000 + ((std::exchange(hohes_, 0) - 0xD800) << 10U) + (wert - 0xDC00);
-        ablegen(static_cast<wchar_t>(wert), false);
-    } else if (wert >= 0xD800 && wert <= 0xDBFF) {
-        halbesAblegen();
-        hohes_ = wert;
+void Reader::unicode(int number) {
+    auto value = static_cast<std::uint32_t>(number < 0 && number >= -0x8000 ? number + 0x10000 : number);
+    if (value >= 0xDC00 && value <= 0xDFFF && high_ != 0) {
+        value = 0x10000 + ((std::exchange(high_, 0) - 0xD800) << 10U) + (value - 0xDC00);
+        put(static_cast<wchar_t>(value), false);
+    } else if (value >= 0xD800 && value <= 0xDBFF) {
+        putHalf();
+        high_ = value;
     } else {
-        halbesAblegen();
-        const bool gültig = wert <= 0x10FFFF && (wert < 0xDC00 || wert > 0xDFFF);
-        ablegen(gültig ? ohneZeilenende(static_cast<wchar_t>(wert)) : ersatzzeichen, false);
+        putHalf();
+        const bool valid = value <= 0x10FFFF && (value < 0xDC00 || value > 0xDFFF);
+        put(valid ? withoutLineEnd(static_cast<wchar_t>(value)) : replacementCharacter, false);
     }
-    überspringen_ = zustand_.ersatz;
+    skip_ = state_.substitutes;
 }
 
-void Leser::zeichen(wchar_t zeichen, bool roh) {
-    if (überspringen_ > 0) {
-        --überspringen_;
+void Reader::take(wchar_t character, bool raw) {
+    if (skip_ > 0) {
+        --skip_;
         return;
     }
-    halbesAblegen();
-    ablegen(zeichen, roh);
+    putHalf();
+    put(character, raw);
 }
 
-/// roh: the character stood in the document as it is, so that a semicolon divides the tables.
-void Leser::ablegen(wchar_t zeichen, bool roh) {
-    switch (zustand_.ziel) {
-    case RtfTarget::nirgends:
+/// raw: the character stood in the document as it is, so that a semicolon divides the tables.
+void Reader::put(wchar_t character, bool raw) {
+    switch (state_.target) {
+    case RtfTarget::nowhere:
         break;
-    case RtfTarget::schriften:
-        if (roh && zeichen == L';')
-            tabellen_.schriftFertig();
+    case RtfTarget::fonts:
+        if (raw && character == L';')
+            tables_.endFont();
         else
-            tabellen_.namenszeichen(zeichen);
-        formatVeraltet_ = true;
+            tables_.addToName(character);
+        formatStale_ = true;
         break;
-    case RtfTarget::farben:
-        if (zeichen == L';')
-            tabellen_.farbeFertig();
-        formatVeraltet_ = true;
+    case RtfTarget::colors:
+        if (character == L';')
+            tables_.endColor();
+        formatStale_ = true;
         break;
     case RtfTarget::text:
-        if (!zustand_.versteckt && !zustand_.geloescht)
-            bauer_.zeichen(zeichen, format());
+        if (!state_.hidden && !state_.deleted)
+            builder_.add(character, format());
         break;
     }
 }
 
-void Leser::absatzende() {
-    überspringen_ = 0;
-    halbesAblegen();
-    if (zustand_.ziel == RtfTarget::text)
-        bauer_.absatzende(zustand_.alignment, format());
+void Reader::endParagraph() {
+    skip_ = 0;
+    putHalf();
+    if (state_.target == RtfTarget::text)
+        builder_.endParagraph(state_.alignment, format());
 }
 
-void Leser::halbesAblegen() {
-    if (std::exchange(hohes_, 0) != 0)
-        ablegen(ersatzzeichen, false);
+void Reader::putHalf() {
+    if (std::exchange(high_, 0) != 0)
+        put(replacementCharacter, false);
 }
 
-const RtfFormat& Leser::format() {
-    if (!formatVeraltet_)
+const RtfFormat& Reader::format() {
+    if (!formatStale_)
         return format_;
-    formatVeraltet_ = false;
-    format_.typeface = tabellen_.schrift(zustand_.schrift);
-    format_.color = tabellen_.color(zustand_.color);
-    format_.halfPoints = zustand_.groesse;
-    format_.bold = zustand_.bold;
-    format_.italic = zustand_.italic;
-    format_.underlined = zustand_.underlined;
+    formatStale_ = false;
+    format_.typeface = tables_.font(state_.font);
+    format_.color = tables_.color(state_.color);
+    format_.halfPoints = state_.size;
+    format_.bold = state_.bold;
+    format_.italic = state_.italic;
+    format_.underlined = state_.underlined;
     return format_;
 }
 
@@ -345,8 +341,9 @@ const RtfFormat& Leser::format() {
 
 RtfDocument readRtf(std::string_view bytes) {
     bytes = bytes.substr(0, rtfMaxLength);
-    const std::string_view ohneMarke = bytes.starts_with(bytemarke) ? bytes.substr(bytemarke.size()) : bytes;
-    return ohneMarke.starts_with(anfang) ? Leser(ohneMarke).lies() : klartextLesen(bytes);
+    const std::string_view unmarked =
+        bytes.starts_with(utf8ByteOrderMark) ? bytes.substr(utf8ByteOrderMark.size()) : bytes;
+    return unmarked.starts_with(signature) ? Reader(unmarked).read() : readPlainText(bytes);
 }
 
 } // namespace klopfmeise

@@ -4,42 +4,42 @@
 
 namespace klopfmeise {
 
-void RtfState::zeichenformat(RtfWord wort, int zahl, bool an) {
-    const RtfState vorgabe;
-    switch (wort) {
+void RtfState::applyWord(RtfWord word, int number, bool on) {
+    const RtfState defaults;
+    switch (word) {
     case RtfWord::plain:
-        schrift = vorgabe.schrift;
-        groesse = vorgabe.groesse;
-        color = vorgabe.color;
+        font = defaults.font;
+        size = defaults.size;
+        color = defaults.color;
         bold = italic = underlined = false;
-        versteckt = geloescht = false;
+        hidden = deleted = false;
         break;
-    case RtfWord::schrift:
-        schrift = zahl;
+    case RtfWord::font:
+        font = number;
         break;
-    case RtfWord::groesse:
-        groesse = zahl > 0 ? std::clamp(zahl, 2, 3276) : vorgabe.groesse;
+    case RtfWord::size:
+        size = number > 0 ? std::clamp(number, 2, 3276) : defaults.size;
         break;
     case RtfWord::color:
-        color = zahl;
+        color = number;
         break;
     case RtfWord::bold:
-        bold = an;
+        bold = on;
         break;
     case RtfWord::italic:
-        italic = an;
+        italic = on;
         break;
     case RtfWord::underlined:
-        underlined = an;
+        underlined = on;
         break;
-    case RtfWord::keinStrich:
+    case RtfWord::noUnderline:
         underlined = false;
         break;
-    case RtfWord::versteckt:
-        versteckt = an;
+    case RtfWord::hidden:
+        hidden = on;
         break;
-    case RtfWord::geloescht:
-        geloescht = an;
+    case RtfWord::deleted:
+        deleted = on;
         break;
     default:
         break;

@@ -6,52 +6,52 @@ namespace klopfmeise {
 
 namespace {
 
-constexpr std::size_t höchsteFarbzahl = 65'536;
-constexpr std::size_t längsterName = 128;
-constexpr int höchsteSchriftnummer = 32'767;
+constexpr std::size_t maxColors = 65'536;
+constexpr std::size_t maxNameLength = 128;
+constexpr int maxFontNumber = 32'767;
 
 } // namespace
 
-void RtfTabellen::schriftnummer(int nummer) {
-    schriftnummer_ = nummer;
-    schriftname_.clear();
+void RtfTables::beginFont(int number) {
+    fontNumber_ = number;
+    fontName_.clear();
 }
 
-void RtfTabellen::namenszeichen(wchar_t zeichen) {
-    const bool führendesLeerzeichen = zeichen == L' ' && schriftname_.empty();
-    if (zeichen >= L' ' && !führendesLeerzeichen && schriftname_.size() < längsterName)
-        schriftname_ += zeichen;
+void RtfTables::addToName(wchar_t character) {
+    const bool leadingBlank = character == L' ' && fontName_.empty();
+    if (character >= L' ' && !leadingBlank && fontName_.size() < maxNameLength)
+        fontName_ += character;
 }
 
-void RtfTabellen::schriftFertig() {
-    while (!schriftname_.empty() && schriftname_.back() == L' ')
-        schriftname_.pop_back();
-    if (schriftnummer_ >= 0 && schriftnummer_ <= höchsteSchriftnummer)
-        schriften_.insert_or_assign(schriftnummer_, schriftname_);
-    schriftname_.clear();
+void RtfTables::endFont() {
+    while (!fontName_.empty() && fontName_.back() == L' ')
+        fontName_.pop_back();
+    if (fontNumber_ >= 0 && fontNumber_ <= maxFontNumber)
+        fonts_.insert_or_assign(fontNumber_, fontName_);
+    fontName_.clear();
 }
 
-std::wstring RtfTabellen::schrift(int nummer) const {
-    auto fund = schriften_.find(nummer);
-    if (fund == schriften_.end())
-        fund = schriften_.find(schriftVorgabe_);
-    return fund == schriften_.end() ? std::wstring() : fund->second;
+std::wstring RtfTables::font(int number) const {
+    auto found = fonts_.find(number);
+    if (found == fonts_.end())
+        found = fonts_.find(defaultFont_);
+    return found == fonts_.end() ? std::wstring() : found->second;
 }
 
-void RtfTabellen::farbanteil(unsigned versatz, int anteil) {
-    mischung_ &= ~(0xFFU << versatz);
-    mischung_ |= static_cast<std::uint32_t>(std::clamp(anteil, 0, 255)) << versatz;
+void RtfTables::colorPart(unsigned shift, int part) {
+    mixed_ &= ~(0xFFU << shift);
+    mixed_ |= static_cast<std::uint32_t>(std::clamp(part, 0, 255)) << shift;
 }
 
-void RtfTabellen::farbeFertig() {
-    if (farben_.size() < höchsteFarbzahl)
-        farben_.push_back(mischung_);
-    mischung_ = 0;
+void RtfTables::endColor() {
+    if (colors_.size() < maxColors)
+        colors_.push_back(mixed_);
+    mixed_ = 0;
 }
 
-std::uint32_t RtfTabellen::color(int nummer) const {
-    const bool bekannt = nummer >= 0 && static_cast<std::size_t>(nummer) < farben_.size();
-    return bekannt ? farben_[static_cast<std::size_t>(nummer)] : 0;
+std::uint32_t RtfTables::color(int number) const {
+    const bool known = number >= 0 && static_cast<std::size_t>(number) < colors_.size();
+    return known ? colors_[static_cast<std::size_t>(number)] : 0;
 }
 
 } // namespace klopfmeise

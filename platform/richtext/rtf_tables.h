@@ -10,30 +10,30 @@
 namespace klopfmeise {
 
 /// The font table and the colour table of a document, gathered while they are read.
-class RtfTabellen {
+class RtfTables {
 public:
-    void schriftVorgabe(int nummer) { schriftVorgabe_ = nummer; }
+    void setDefaultFont(int number) { defaultFont_ = number; }
     /// Begins an entry of the font table; its name follows character by character.
-    void schriftnummer(int nummer);
-    void namenszeichen(wchar_t zeichen);
-    [[nodiscard]] bool nameBegonnen() const { return !schriftname_.empty(); }
-    void schriftFertig();
+    void beginFont(int number);
+    void addToName(wchar_t character);
+    [[nodiscard]] bool nameBegun() const { return !fontName_.empty(); }
+    void endFont();
     /// The name of a font; of the document's default font where the table does not hold the number.
-    [[nodiscard]] std::wstring schrift(int nummer) const;
+    [[nodiscard]] std::wstring font(int number) const;
 
-    /// A part of the colour being read: its bits begin at versatz; anteil is cut to 0 to 255.
-    void farbanteil(unsigned versatz, int anteil);
-    void farbeFertig();
+    /// A part of the colour being read: its bits begin at shift; part is cut to 0 to 255.
+    void colorPart(unsigned shift, int part);
+    void endColor();
     /// 0xRRGGBB; black where the table does not hold the number.
-    [[nodiscard]] std::uint32_t color(int nummer) const;
+    [[nodiscard]] std::uint32_t color(int number) const;
 
 private:
-    std::unordered_map<int, std::wstring> schriften_;
-    int schriftVorgabe_ = 0;
-    int schriftnummer_ = 0;
-    std::wstring schriftname_;
-    std::vector<std::uint32_t> farben_;
-    std::uint32_t mischung_ = 0;
+    std::unordered_map<int, std::wstring> fonts_;
+    int defaultFont_ = 0;
+    int fontNumber_ = 0;
+    std::wstring fontName_;
+    std::vector<std::uint32_t> colors_;
+    std::uint32_t mixed_ = 0;
 };
 
 } // namespace klopfmeise

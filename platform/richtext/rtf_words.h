@@ -6,40 +6,40 @@ namespace klopfmeise {
 
 /// What a control word means to the reader; the words not in the table are passed over.
 enum class RtfWord {
-    unbekannt,
-    absatz,
-    abschnitt,
+    unknown,
+    paragraph,
+    section,
     alignment,
     bin,
-    blau,
+    blue,
     color,
-    farbtabelle,
+    colorTable,
     bold,
-    geloescht,
-    groesse,
-    gruen,
-    keinStrich,
+    deleted,
+    size,
+    green,
+    noUnderline,
     italic,
     pard,
     plain,
-    rot,
-    schrift,
-    schriftVorgabe,
-    schrifttabelle,
+    red,
+    font,
+    defaultFont,
+    fontTable,
     uc,
-    ueberspringen,
+    skip,
     unicode,
     underlined,
-    versteckt,
-    zeichen
+    hidden,
+    character
 };
 
-struct RtfSteuerwort {
+struct RtfControlWord {
     std::string_view name;
-    RtfWord wort = RtfWord::unbekannt;
-    int wert = 0; ///< the character, or the RtfAlignment
+    RtfWord word = RtfWord::unknown;
+    int value = 0; ///< the character, or the RtfAlignment
 };
 
-[[nodiscard]] RtfSteuerwort rtfSteuerwort(std::string_view name);
+[[nodiscard]] RtfControlWord rtfControlWord(std::string_view name);
 
 } // namespace klopfmeise

@@ -9,7 +9,7 @@ namespace klopfmeise {
 
 namespace {
 
-constexpr std::string_view ausrichtungswort(RtfAlignment alignment) {
+constexpr std::string_view alignmentWord(RtfAlignment alignment) {
     switch (alignment) {
     case RtfAlignment::right:
         return "\\qr";
@@ -23,156 +23,156 @@ constexpr std::string_view ausrichtungswort(RtfAlignment alignment) {
     return "\\ql";
 }
 
-class Schreiber {
+class Writer {
 public:
-    [[nodiscard]] std::string schreibe(const RtfDocument& dokument);
+    [[nodiscard]] std::string write(const RtfDocument& document);
 
 private:
-    void tabellen(const RtfDocument& dokument);
-    void absatz(const RtfParagraph& absatz);
-    void format(const RtfFormat& format);
-    void schalter(std::string_view an, std::string_view aus, bool neu, bool alt);
-    void wort(std::string_view name, long long zahl);
-    void text(std::wstring_view text);
-    void zeichen(wchar_t zeichen);
-    void unicode(std::uint32_t wert);
+    void writeTables(const RtfDocument& document);
+    void writeParagraph(const RtfParagraph& paragraph);
+    void writeFormat(const RtfFormat& format);
+    void writeToggle(std::string_view on, std::string_view off, bool fresh, bool before);
+    void writeWord(std::string_view name, long long number);
+    void writeText(std::wstring_view text);
+    void writeCharacter(wchar_t character);
+    void writeUnicode(std::uint32_t value);
 
-    std::string aus_;
-    std::map<std::wstring, int, std::less<>> schriften_;
-    std::unordered_map<std::uint32_t, int> farben_{{0, 0}};
-    RtfFormat letztes_;
+    std::string out_;
+    std::map<std::wstring, int, std::less<>> fonts_;
+    std::unordered_map<std::uint32_t, int> colors_{{0, 0}};
+    RtfFormat last_;
 };
 
-std::string Schreiber::schreibe(const RtfDocument& dokument) {
-    tabellen(dokument);
-    bool erster = true;
-    for (const RtfParagraph& einer : dokument.paragraphs) {
-        if (!erster)
-            aus_ += "\\par\r\n";
-        erster = false;
-        absatz(einer);
+std::string Writer::write(const RtfDocument& document) {
+    writeTables(document);
+    bool first = true;
+    for (const RtfParagraph& each : document.paragraphs) {
+        if (!first)
+            out_ += "\\par\r\n";
+        first = false;
+        writeParagraph(each);
     }
-    aus_ += "}\r\n";
-    return std::move(aus_);
+    out_ += "}\r\n";
+    return std::move(out_);
 }
 
-void Schreiber::tabellen(const RtfDocument& dokument) {
-    std::string schriften;
-    std::string farben;
-    std::swap(aus_, schriften);
-    for (const RtfParagraph& einer : dokument.paragraphs)
-        for (const RtfRun& lauf : einer.runs) {
-            const RtfFormat& format = lauf.format;
-            const auto [schrift, schriftNeu] =
-                schriften_.try_emplace(format.typeface, static_cast<int>(schriften_.size()));
-            if (schriftNeu) {
-                wort("{\\f", schrift->second);
-                aus_ += "\\fnil\\fcharset0 ";
-                text(format.typeface);
-                aus_ += ";}";
+void Writer::writeTables(const RtfDocument& document) {
+    std::string fonts;
+    std::string colors;
+    std::swap(out_, fonts);
+    for (const RtfParagraph& each : document.paragraphs)
+        for (const RtfRun& run : each.runs) {
+            const RtfFormat& format = run.format;
+            const auto [font, fontIsNew] =
+                fonts_.try_emplace(format.typeface, static_cast<int>(fonts_.size()));
+            if (fontIsNew) {
+                writeWord("{\\f", font->second);
+                out_ += "\\fnil\\fcharset0 ";
+                writeText(format.typeface);
+                out_ += ";}";
             }
             const std::uint32_t color = format.color & 0xFFFFFFU;
-            if (farben_.try_emplace(color, static_cast<int>(farben_.size())).second) {
-                std::swap(aus_, farben);
-                wort("\\red", color >> 16U);
-                wort("\\green", (color >> 8U) & 0xFFU);
-                wort("\\blue", color & 0xFFU);
-                aus_ += ';';
-                std::swap(aus_, farben);
+            if (colors_.try_emplace(color, static_cast<int>(colors_.size())).second) {
+                std::swap(out_, colors);
+                writeWord("\\red", color >> 16U);
+                writeWord("\\green", (color >> 8U) & 0xFFU);
+                writeWord("\\blue", color & 0xFFU);
+                out_ += ';';
+                std::swap(out_, colors);
             }
         }
-    std::swap(aus_, schriften);
-    aus_ = "{\\rtf1\\ansi\\ansicpg1252\\deff0";
-    aus_ += "{\\fonttbl" + (schriften.empty() ? "{\\f0\\fnil\\fcharset0 ;}" : schriften) + "}\r\n";
-    aus_ += "{\\colortbl ;" + farben + "}\r\n\\uc1\\plain\\f0\\fs24\r\n";
-    for (const auto& [name, nummer] : schriften_)
-        if (nummer == 0)
-            letztes_.typeface = name;
+    std::swap(out_, fonts);
+    out_ = "{\\rtf1\\ansi\\ansicpg1252\\deff0";
+    out_ += "{\\fonttbl" + (fonts.empty() ? "{\\f0\\fnil\\fcharset0 ;}" : fonts) + "}\r\n";
+    out_ += "{\\colortbl ;" + colors + "}\r\n\\uc1\\plain\\f0\\fs24\r\n";
+    for (const auto& [name, number] : fonts_)
+        if (number == 0)
+            last_.typeface = name;
 }
 
-void Schreiber::absatz(const RtfParagraph& absatz) {
-    aus_ += "\\pard";
-    aus_ += ausrichtungswort(absatz.alignment);
-    bool erster = true;
-    for (const RtfRun& lauf : absatz.runs) {
-        const std::size_t vorher = aus_.size();
-        format(lauf.format);
-        if (erster || aus_.size() != vorher)
-            aus_ += ' ';
-        erster = false;
-        text(lauf.text);
+void Writer::writeParagraph(const RtfParagraph& paragraph) {
+    out_ += "\\pard";
+    out_ += alignmentWord(paragraph.alignment);
+    bool first = true;
+    for (const RtfRun& run : paragraph.runs) {
+        const std::size_t sizeBefore = out_.size();
+        writeFormat(run.format);
+        if (first || out_.size() != sizeBefore)
+            out_ += ' ';
+        first = false;
+        writeText(run.text);
     }
 }
 
-void Schreiber::format(const RtfFormat& format) {
-    if (format.typeface != letztes_.typeface)
-        wort("\\f", schriften_.find(format.typeface)->second);
-    if (format.halfPoints != letztes_.halfPoints)
-        wort("\\fs", std::clamp(format.halfPoints, 2, 3276));
-    schalter("\\b", "\\b0", format.bold, letztes_.bold);
-    schalter("\\i", "\\i0", format.italic, letztes_.italic);
-    schalter("\\ul", "\\ulnone", format.underlined, letztes_.underlined);
-    if (format.color != letztes_.color)
-        wort("\\cf", farben_.find(format.color & 0xFFFFFFU)->second);
-    letztes_ = format;
+void Writer::writeFormat(const RtfFormat& format) {
+    if (format.typeface != last_.typeface)
+        writeWord("\\f", fonts_.find(format.typeface)->second);
+    if (format.halfPoints != last_.halfPoints)
+        writeWord("\\fs", std::clamp(format.halfPoints, 2, 3276));
+    writeToggle("\\b", "\\b0", format.bold, last_.bold);
+    writeToggle("\\i", "\\i0", format.italic, last_.italic);
+    writeToggle("\\ul", "\\ulnone", format.underlined, last_.underlined);
+    if (format.color != last_.color)
+        writeWord("\\cf", colors_.find(format.color & 0xFFFFFFU)->second);
+    last_ = format;
 }
 
-void Schreiber::schalter(std::string_view an, std::string_view aus, bool neu, bool alt) {
-    if (neu != alt)
-        aus_ += neu ? an : aus;
+void Writer::writeToggle(std::string_view on, std::string_view off, bool fresh, bool before) {
+    if (fresh != before)
+        out_ += fresh ? on : off;
 }
 
-void Schreiber::wort(std::string_view name, long long zahl) {
-    aus_ += name;
-    aus_ += std::to_string(zahl);
+void Writer::writeWord(std::string_view name, long long number) {
+    out_ += name;
+    out_ += std::to_string(number);
 }
 
-void Schreiber::text(std::wstring_view text) {
-    for (const wchar_t einzelnes : text)
-        zeichen(einzelnes);
+void Writer::writeText(std::wstring_view text) {
+    for (const wchar_t character : text)
+        writeCharacter(character);
 }
 
-void Schreiber::zeichen(wchar_t zeichen) {
+void Writer::writeCharacter(wchar_t character) {
     constexpr std::string_view hex = "0123456789abcdef";
-    const auto wert = static_cast<std::uint32_t>(zeichen);
-    if (zeichen == L'\t') {
-        aus_ += "\\tab ";
-    } else if (zeichen == L'\n') {
-        aus_ += "\\line ";
-    } else if (wert < 0x20) {
+    const auto value = static_cast<std::uint32_t>(character);
+    if (character == L'\t') {
+        out_ += "\\tab ";
+    } else if (character == L'\n') {
+        out_ += "\\line ";
+    } else if (value < 0x20) {
         return;
-    } else if (const int byte = toWindows1252(zeichen); byte < 0) {
-        unicode(wert);
+    } else if (const int byte = toWindows1252(character); byte < 0) {
+        writeUnicode(value);
     } else if (byte >= 0x7F || byte == ';') {
         // The semicolon ends a name in the font table, unless it is written as a number.
-        aus_ += "\\'";
-        aus_ += hex[static_cast<std::size_t>(byte) >> 4U];
-        aus_ += hex[static_cast<std::size_t>(byte) & 15U];
+        out_ += "\\'";
+        out_ += hex[static_cast<std::size_t>(byte) >> 4U];
+        out_ += hex[static_cast<std::size_t>(byte) & 15U];
     } else {
         if (byte == '\\' || byte == '{' || byte == '}')
-            aus_ += '\\';
-        aus_ += static_cast<char>(byte);
+            out_ += '\\';
+        out_ += static_cast<char>(byte);
     }
 }
 
 // The numbers of \u are 16-bit and signed; larger characters go out as a surrogate pair.
-void Schreiber::unicode(std::uint32_t wert) {
-    const auto einheit = [this](std::uint32_t zahl) {
-        wort("\\u", static_cast<std::int16_t>(zahl));
-        aus_ += '?';
+void Writer::writeUnicode(std::uint32_t value) {
+    const auto unit = [this](std::uint32_t number) {
+        writeWord("\\u", static_cast<std::int16_t>(number));
+        out_ += '?';
     };
-    if (wert > 0x10FFFF || (wert >= 0xD800 && wert <= 0xDFFF)) {
-        aus_ += '?';
-    } else if (wert > 0xFFFF) {
-        einheit(0xD800 + ((wert - 0x10000) >> 10U));
-        einheit(0xDC00 + ((wert - 0x10000) & 0x3FFU));
+    if (value > 0x10FFFF || (value >= 0xD800 && value <= 0xDFFF)) {
+        out_ += '?';
+    } else if (value > 0xFFFF) {
+        unit(0xD800 + ((value - 0x10000) >> 10U));
+        unit(0xDC00 + ((value - 0x10000) & 0x3FFU));
     } else {
-        einheit(wert);
+        unit(value);
     }
 }
 
 } // namespace
 
-std::string writeRtf(const RtfDocument& dokument) { return Schreiber{}.schreibe(dokument); }
+std::string writeRtf(const RtfDocument& document) { return Writer{}.write(document); }
 
 } // namespace klopfmeise

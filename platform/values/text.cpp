@@ -1,5 +1,7 @@
 #include "platform/values/text.h"
 
+#include "platform/values/utf8.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -12,32 +14,6 @@ namespace klopfmeise {
 namespace {
 
 constexpr wchar_t escapedByte = 0xDC00;
-
-/// Decodes one character at `at`; 0 if the bytes there are no UTF-8.
-int decode(std::string_view bytes, std::size_t at, wchar_t& out) {
-    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
-    const unsigned lead = byte(at);
-    if (lead < 0x80) {
-        out = static_cast<wchar_t>(lead);
-        return 1;
-    }
-    const int length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
-    if (lead < 0xC2 || lead > 0xF4 || at + static_cast<std::size_t>(length) > bytes.size())
-        return 0;
-    std::uint32_t code = lead & (0x7Fu >> length);
-    for (int i = 1; i < length; ++i) {
-        const unsigned next = byte(at + static_cast<std::size_t>(i));
-        if ((next & 0xC0u) != 0x80)
-            return 0;
-        code = code << 6 | (next & 0x3Fu);
-    }
-    constexpr std::array<std::uint32_t, 5> least{0, 0, 0x80, 0x800, 0x10000};
-    if (code < least[static_cast<std::size_t>(length)] || code > 0x10FFFF ||
-        (code >= 0xD800 && code < 0xE000))
-        return 0;
-    out = static_cast<wchar_t>(code);
-    return length;
-}
 
 } // namespace
 
@@ -72,10 +48,10 @@ std::wstring fromUtf8(std::string_view bytes) {
     const auto plainEnd = std::ranges::find_if(bytes, [](char byte) { return (byte & 0x80) != 0; });
     std::wstring text(bytes.begin(), plainEnd);
     for (auto at = static_cast<std::size_t>(plainEnd - bytes.begin()); at < bytes.size();) {
-        wchar_t c = 0;
-        const int length = decode(bytes, at, c);
-        text += length ? c : static_cast<wchar_t>(escapedByte + static_cast<unsigned char>(bytes[at]));
-        at += static_cast<std::size_t>(std::max(length, 1));
+        const auto [character, length] = utf8CharacterAt(bytes, at);
+        text += length > 0 ? character
+                           : static_cast<wchar_t>(escapedByte + static_cast<unsigned char>(bytes[at]));
+        at += std::max<std::size_t>(length, 1);
     }
     return text;
 }

@@ -12,7 +12,7 @@ namespace klopfmeise {
 [[nodiscard]] std::wstring fromWindows1252(std::string_view bytes);
 
 /// The byte of a character, 0 to 255, or -1 where the code page has none.
-[[nodiscard]] int toWindows1252(wchar_t zeichen);
+[[nodiscard]] int toWindows1252(wchar_t character);
 /// One byte a character; '?' for what the code page cannot hold.
 [[nodiscard]] std::string toWindows1252(std::wstring_view text);
 

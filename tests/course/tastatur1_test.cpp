@@ -1,5 +1,5 @@
 #include "platform/controls/drawn.h"
-#include "platform/controls/windowed.h"
+#include "platform/controls/panels.h"
 #include "tests/buehne.h"
 
 #include <cmath>
@@ -248,43 +248,6 @@ TEST_F(Einzeiler, TheMarkOfTheCurrentColumnBlinks) {
     b.user.pass(200);
     EXPECT_EQ(b.control<Label>(L"lblPosU", 2).back(), colors::panel);
     EXPECT_EQ(b.control<Label>(L"lblPosU", 1).back(), colors::white);
-}
-
-TEST(Kursende, BehindTheLastLessonTheCourseIsDone) {
-    Bühne b;
-    b.satz(Kontosatz::Lektionsnummer, std::int32_t{31});
-    b.öffnen(L"Tastatur0");
-    EXPECT_EQ(b.caption(L"lblNameLektion"), L"Geschafft! Du hast alle Lektionen des Kurses bestanden.");
-    b.user.type(L' ');
-    b.user.click(L"cmdNeuesSpiel");
-    EXPECT_EQ(b.aktiv(), L"Tastatur0");
-    b.satz(Kontosatz::Lektionsnummer, std::int32_t{-40000});
-    b.satz(Kontosatz::Stufennummer, std::int16_t{-5});
-    b.user.click(L"imgEnde");
-    b.user.click(L"cmdÜbung", 1);
-    EXPECT_TRUE(b.caption(L"lblHinweisName").starts_with(L"Für Lektion -40000, Stufe -5 gibt es keinen"));
-}
-
-TEST(Lektionsbilder, AChildLeafsBackToWhatItHasReached) {
-    Bühne b;
-    b.satz(Kontosatz::Lektionsnummer, std::int16_t{3});
-    b.öffnen(L"Tastatur0");
-    b.user.click(L"imgAbbildung");
-    ASSERT_EQ(b.aktiv(), L"frmAbbildung");
-    EXPECT_EQ(b.runtime.active()->caption(), L"Lektion 3");
-    EXPECT_EQ(b.control<Label>(L"lblArchiv", 3).back(), colors::coral);
-    EXPECT_EQ(b.control<Label>(L"lblArchiv", 4).fore(), colors::white);
-    b.sound.played.clear();
-    b.user.click(L"lblArchiv", 4);
-    b.user.click(L"lblArchiv", 0);
-    EXPECT_TRUE(b.sound.played.empty());
-    b.user.click(L"lblArchiv", 2);
-    EXPECT_EQ(b.runtime.active()->caption(), L"Lektion 2");
-    EXPECT_TRUE(b.control<Picture>(L"imgAbbildung").picture().name.ends_with(L"\\Lektion2.bmp"));
-    EXPECT_EQ(b.control<Label>(L"lblArchiv", 3).back(), colors::blush);
-    b.user.activate(*b.runtime.loaded(L"Tastatur0"));
-    EXPECT_FALSE(b.runtime.loaded(L"frmAbbildung"));
-    EXPECT_EQ(b.aktiv(), L"Tastatur0");
 }
 
 } // namespace

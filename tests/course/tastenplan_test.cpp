@@ -31,9 +31,9 @@ TEST(Tastenplan, ZeichenLiegenAufTasteUndFinger) {
     for (const Griff& griff : griffe)
         for (const wchar_t z : griff.zeichen) {
             ++zeichenzahl;
-            EXPECT_EQ(tasteFuer(z), griff.taste) << "Zeichen " << static_cast<int>(z);
-            EXPECT_EQ(tasteFuerZeichencode(z), griff.taste) << "Zeichen " << static_cast<int>(z);
-            EXPECT_EQ(fingerFuer(griff.taste), griff.finger) << "Taste " << griff.taste;
+            EXPECT_EQ(tasteFür(z), griff.taste) << "Zeichen " << static_cast<int>(z);
+            EXPECT_EQ(tasteFürZeichencode(z), griff.taste) << "Zeichen " << static_cast<int>(z);
+            EXPECT_EQ(fingerFür(griff.taste), griff.finger) << "Taste " << griff.taste;
         }
 
     std::size_t imPlan = 0;
@@ -51,22 +51,22 @@ TEST(Tastenplan, KeinZeichenAufZweiTasten) {
 
 TEST(Tastenplan, WasKeineTasteHat) {
     for (const wchar_t z : {L'"', L'\b', L'\r', L'\n', L'\t', L'\0', L'µ', L'ẞ'})
-        EXPECT_EQ(tasteFuer(z), 0) << static_cast<int>(z);
-    EXPECT_EQ(tasteFuerZeichencode(L'"'), 0);
-    EXPECT_EQ(tasteFuerZeichencode(8), 14);
-    EXPECT_EQ(tasteFuerZeichencode(13), 28);
+        EXPECT_EQ(tasteFür(z), 0) << static_cast<int>(z);
+    EXPECT_EQ(tasteFürZeichencode(L'"'), 0);
+    EXPECT_EQ(tasteFürZeichencode(8), 14);
+    EXPECT_EQ(tasteFürZeichencode(13), 28);
     EXPECT_THROW(taste(0), std::out_of_range);
     EXPECT_THROW(taste(60), std::out_of_range);
-    EXPECT_TRUE(fingerFuer(42).empty());
+    EXPECT_TRUE(fingerFür(42).empty());
 }
 
 TEST(Tastenplan, FunktionstastenBlitzenPaarweise) {
-    EXPECT_EQ(tastenFuerTastencode(9), std::vector{15});
-    EXPECT_EQ(tastenFuerTastencode(20), std::vector{29});
-    EXPECT_EQ(tastenFuerTastencode(16), (std::vector{42, 54}));
-    EXPECT_EQ(tastenFuerTastencode(17), (std::vector{55, 59}));
-    EXPECT_EQ(tastenFuerTastencode(18), std::vector{56});
-    EXPECT_TRUE(tastenFuerTastencode(65).empty());
+    EXPECT_EQ(tastenFürTastencode(9), std::vector{15});
+    EXPECT_EQ(tastenFürTastencode(20), std::vector{29});
+    EXPECT_EQ(tastenFürTastencode(16), (std::vector{42, 54}));
+    EXPECT_EQ(tastenFürTastencode(17), (std::vector{55, 59}));
+    EXPECT_EQ(tastenFürTastencode(18), std::vector{56});
+    EXPECT_TRUE(tastenFürTastencode(65).empty());
 }
 
 bool schneiden(const Rect& a, const Rect& b) {

@@ -1,6 +1,7 @@
 #include "formen.h"
+#include "platform/controls/button.h"
 #include "platform/controls/drawn.h"
-#include "platform/controls/windowed.h"
+#include "platform/controls/panels.h"
 #include "platform/forms/form_runtime.h"
 #include "platform/qt/qt_backend.h"
 #include "platform/qt/qt_form_view.h"

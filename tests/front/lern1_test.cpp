@@ -1,5 +1,8 @@
 #include "platform/controls/drawn.h"
-#include "platform/controls/windowed.h"
+#include "platform/controls/lists.h"
+#include "platform/controls/panels.h"
+#include "platform/controls/ranges.h"
+#include "platform/controls/text_box.h"
 #include "tests/buehne.h"
 
 #include <gtest/gtest.h>
@@ -80,7 +83,7 @@ TEST_F(Titelseite, TenClassesScrollUntilTheLastStandsAlone) {
     EXPECT_EQ(b.caption(L"LblGruppe", 0), L"a");
     EXPECT_EQ(b.caption(L"LblGruppe", 1), L"Äpfel");
     EXPECT_EQ(b.caption(L"LblGruppe", 8), L"Igel");
-    leiste.setValue(9);
+    b.user.move(leiste, 9);
     EXPECT_EQ(b.caption(L"LblGruppe", 0), L"Zebras");
     EXPECT_TRUE(b.control<Label>(L"LblGruppe", 0).visible());
     EXPECT_FALSE(b.control<Label>(L"LblGruppe", 1).visible());
@@ -97,8 +100,16 @@ TEST_F(Titelseite, NoClassLeavesAnEmptyListAndAnEmptyClassItsHelp) {
     b.user.click(L"LblGruppe", 1);
     auto& hilfe = b.control<TextBox>(L"txtKeineKonten");
     EXPECT_TRUE(hilfe.visible());
-    EXPECT_TRUE(hilfe.text().starts_with(L"In der Klasse 'Leer\\' befinden sich keine Kinder-Konten!"));
-    EXPECT_NE(hilfe.text().find(L"(z.B. 'Leer\\'). Klicken Sie dann"), std::wstring::npos);
+    EXPECT_EQ(
+        hilfe.text(),
+        L"In der Klasse 'Leer\\' befinden sich keine Kinder-Konten! Kinder-Konten müssen im Lehrkraft-Modus "
+        L"angelegt werden. Klicken Sie dazu auf den Schalter 'Lehrkraft' am unteren Bildschirmrand dieser "
+        L"Titelseite und geben dann in das sich öffnende Fenster den Zugangscode für den Lehrkraft-Modus "
+        L"ein. Dieser Code ist bei Auslieferung '7294'. Im Lehrkraft-Modus angekommen, wählen Sie die "
+        L"Klasse, innerhalb derer Sie Kinder-Konten anlegen möchten (z.B. 'Leer\\'). Klicken Sie dann auf "
+        L"den Schalter 'Konten der Kinder' und anschließend auf den Schalter 'Neues Kind'. Geben Sie nun "
+        L"(einen oder mehrere) Kindernamen ein. Verlassen Sie danach den Lehrkraft-Modus mit den "
+        L"Pfeil-Schaltern und kehren zurück auf diese Titelseite.");
     b.user.click(L"cmdAllesZurück");
     b.user.click(L"LblGruppe", 0);
     EXPECT_FALSE(hilfe.visible());

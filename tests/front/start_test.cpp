@@ -1,8 +1,7 @@
 #include "platform/controls/drawn.h"
-#include "platform/controls/windowed.h"
-#include "tests/buehne.h"
-
-#include <gtest/gtest.h>
+#include "platform/controls/panels.h"
+#include "platform/values/text.h"
+#include "tests/meldungen.h"
 
 namespace klopfmeise {
 namespace {
@@ -23,24 +22,23 @@ TEST(Start, ASecondInstanceEndsAtOnce) {
     Bühne b;
     b.shell.second = true;
     b.start();
-    ASSERT_EQ(b.backend.messages.size(), 1U);
-    EXPECT_TRUE(b.backend.messages[0].text.starts_with(L"KLOPFMEISE kann nur einmal gestartet werden."));
-    EXPECT_EQ(b.backend.messages[0].icon, MessageIcon::none);
+    erwarteMeldung(b, MessageIcon::none, L"Klopfmeise",
+                   L"KLOPFMEISE kann nur einmal gestartet werden. Da diese KLOPFMEISE-Anwendung bereits die "
+                   L"zweite ist, wird diese jetzt automatisch beendet.");
     EXPECT_TRUE(b.backend.quitAsked);
     EXPECT_FALSE(b.runtime.loaded(L"Lern1"));
 }
 
 TEST(Start, ARefusedFolderLeadsToTheFolderScreenAndItsCloseEndsTheProcess) {
     for (const char* fehlt : {"Gruppen/kme.ein", "Data/Tastatur/Lektion1.bmp", "Data/Texte/Text_001.txt"}) {
+        SCOPED_TRACE(fehlt);
         Bühne b;
         std::filesystem::remove(b.daten() / fehlt);
         b.start();
-        ASSERT_EQ(b.backend.messages.size(), 1U) << fehlt;
-        EXPECT_EQ(b.backend.messages[0].title, L"Kein zulässiger Ordner für die Datenablage");
-        EXPECT_EQ(b.backend.messages[0].icon, MessageIcon::stop);
-        EXPECT_TRUE(b.backend.messages[0].text.starts_with(L"Der eingestellte Ordner '/"));
+        erwarteMeldung(b, MessageIcon::stop, unzulässig,
+                       L"Der eingestellte Ordner '" + fromUtf8(b.daten().string()) + L"/" + ablageregeln);
         EXPECT_EQ(b.aktiv(), L"frmPfad");
-        EXPECT_FALSE(b.runtime.loaded(L"frmTemp"));
+        EXPECT_FALSE(b.runtime.loaded(L"frmTemp") || b.runtime.loaded(L"frmStart"));
         EXPECT_FALSE(b.backend.quitAsked);
         b.user.close(*b.runtime.active());
         EXPECT_TRUE(b.backend.quitAsked);
@@ -48,6 +46,7 @@ TEST(Start, ARefusedFolderLeadsToTheFolderScreenAndItsCloseEndsTheProcess) {
     Bühne b;
     b.registry.values.clear();
     b.start();
+    erwarteMeldung(b, MessageIcon::stop, unzulässig, L"Der eingestellte Ordner '/" + ablageregeln);
     EXPECT_EQ(b.aktiv(), L"frmPfad");
     EXPECT_EQ(b.global.Datenpfad, L"\\");
 }
@@ -57,10 +56,17 @@ TEST(Start, AFolderThatCannotBeWrittenEndsTheProcess) {
     // A folder in the place of the test file refuses the write for the administrator too.
     std::filesystem::create_directory(b.daten() / "lzf75.tst");
     b.start();
-    ASSERT_EQ(b.backend.messages.size(), 1U);
-    EXPECT_EQ(b.backend.messages[0].title, L"Hinweis zur Datenablage");
-    EXPECT_TRUE(b.backend.messages[0].text.starts_with(
-        L"Schreibrecht für Datenablage nicht gegeben!\n\nDer momentan"));
+    erwarteMeldung(
+        b, MessageIcon::stop, L"Hinweis zur Datenablage",
+        L"Schreibrecht für Datenablage nicht gegeben!\n\nDer momentan angemeldete Windows-Benutzer kann "
+        L"innerhalb des aktuell eingestellten Datenablage-Ordners '" +
+            fromUtf8(b.daten().string()) +
+            L"/' nicht schreiben. Entweder ist dieser Ordner schreibgeschützt, oder er ist für den "
+            L"Schreibzugriff im Netzwerk nicht freigegeben, oder der momentan angemeldete Benutzer verfügt "
+            L"nicht über die nötige Schreib-Berechtigung in diesem Ordner.\n\nKLOPFMEISE wird jetzt "
+            L"beendet. Sie sollten sich anschließend als Administrator neu unter Windows anmelden und danach "
+            L"KLOPFMEISE erneut starten, um dann die Datenablage im Lehrkraft-Modus von KLOPFMEISE neu "
+            L"einstellen zu können.");
     EXPECT_TRUE(b.backend.quitAsked);
     EXPECT_FALSE(b.runtime.loaded(L"Lern1"));
 }

@@ -1,5 +1,7 @@
 #include "platform/controls/drawn.h"
-#include "platform/controls/windowed.h"
+#include "platform/controls/lists.h"
+#include "platform/controls/panels.h"
+#include "tests/ausfallende_dateien.h"
 #include "tests/buehne.h"
 
 #include <gtest/gtest.h>
@@ -9,88 +11,6 @@ namespace klopfmeise {
 namespace {
 
 namespace fs = std::filesystem;
-using std::string_literals::operator""s;
-
-enum class Störung { verweigert, kurz };
-
-/// The machine's files, of which the n-th operation fails: refused, or stopped half-way.
-class AusfallendeDateien final : public Files {
-public:
-    AusfallendeDateien(int anNummer, Störung störung)
-        : rest_(anNummer)
-        , störung_(störung) {}
-
-    bool ausgefallen() const { return rest_ <= 0; }
-    bool trifft() { return --rest_ == 0; }
-
-    class Datei final : public RecordFile {
-    public:
-        Datei(std::unique_ptr<RecordFile> echt, AusfallendeDateien& dateien)
-            : echt_(std::move(echt))
-            , dateien_(dateien) {}
-        std::optional<std::string> read(std::int64_t offset, std::size_t size) override {
-            if (!dateien_.trifft())
-                return echt_->read(offset, size);
-            if (dateien_.störung_ == Störung::verweigert)
-                return std::nullopt;
-            return echt_->read(offset, size).value_or(""s).substr(0, 1);
-        }
-        bool write(std::int64_t offset, std::string_view bytes) override {
-            if (!dateien_.trifft())
-                return echt_->write(offset, bytes);
-            if (dateien_.störung_ == Störung::kurz)
-                echt_->write(offset, bytes.substr(0, bytes.size() / 2));
-            return false;
-        }
-
-    private:
-        std::unique_ptr<RecordFile> echt_;
-        AusfallendeDateien& dateien_;
-    };
-
-    std::unique_ptr<RecordFile> openRecords(const std::wstring& path) override {
-        if (trifft())
-            return nullptr;
-        auto echt = echt_.openRecords(path);
-        return echt ? std::make_unique<Datei>(std::move(echt), *this) : nullptr;
-    }
-    std::optional<std::string> readAll(const std::wstring& path, std::size_t limit) override {
-        if (!trifft())
-            return echt_.readAll(path, limit);
-        if (störung_ == Störung::verweigert)
-            return std::nullopt;
-        const std::string inhalt = echt_.readAll(path, limit).value_or(""s);
-        return inhalt.substr(0, inhalt.size() / 2);
-    }
-    bool writeAll(const std::wstring& path, std::string_view bytes) override {
-        return !trifft() && echt_.writeAll(path, bytes);
-    }
-    std::wstring search(const std::wstring& path) override { return trifft() ? L"" : echt_.search(path); }
-    bool folderExists(const std::wstring& path) override { return !trifft() && echt_.folderExists(path); }
-    std::vector<std::wstring> listFiles(const std::wstring& folder, std::wstring_view pattern) override {
-        return trifft() ? std::vector<std::wstring>() : echt_.listFiles(folder, pattern);
-    }
-    std::vector<std::wstring> listFolders(const std::wstring& folder) override {
-        return trifft() ? std::vector<std::wstring>() : echt_.listFolders(folder);
-    }
-    bool makeFolder(const std::wstring& path) override { return !trifft() && echt_.makeFolder(path); }
-    bool removeFolder(const std::wstring& path) override { return !trifft() && echt_.removeFolder(path); }
-    bool copyFile(const std::wstring& from, const std::wstring& to) override {
-        return !trifft() && echt_.copyFile(from, to);
-    }
-    bool rename(const std::wstring& from, const std::wstring& to) override {
-        return !trifft() && echt_.rename(from, to);
-    }
-    bool removeFile(const std::wstring& path) override { return !trifft() && echt_.removeFile(path); }
-    std::wstring shown(const std::wstring& path) const override { return echt_.shown(path); }
-    std::wstring entered(const std::wstring& text) const override { return echt_.entered(text); }
-
-private:
-    PosixFiles echt_;
-    int rest_;
-    Störung störung_;
-};
-
 /// A child's road from the first click to the passed stage, as far as it comes.
 void spielen(Bühne& b) {
     b.start();
@@ -123,7 +43,7 @@ TEST(Ausfall, WhateverOperationFailsNoOtherRecordSuffersAndNoPlaceIsInvented) {
             Bühne b(&dateien);
             const std::string vorher = dateiinhalt(b.konto());
             spielen(b);
-            bisZumEnde = !dateien.ausgefallen();
+            bisZumEnde = dateien.ausfall() == Vorgang::keiner;
             const std::string nachher = dateiinhalt(b.konto());
             ASSERT_EQ(nachher.size(), vorher.size()) << n;
             for (int satz = 1; satz <= 100; ++satz)
@@ -138,6 +58,32 @@ TEST(Ausfall, WhateverOperationFailsNoOtherRecordSuffersAndNoPlaceIsInvented) {
     }
 }
 
+TEST(Ausfall, AnEarnedPassIsWrittenAlthoughAccountOrLessonCannotBeReadAgain) {
+    int gelesen = 0;
+    int geöffnet = 0;
+    for (const Störung störung : {Störung::verweigert, Störung::kurz}) {
+        bool bisZumEnde = false;
+        for (int n = 1; !bisZumEnde; ++n) {
+            AusfallendeDateien dateien(0, störung);
+            Bühne b(&dateien);
+            b.satz(Kontosatz::Durchgangszahl, std::int16_t{1});
+            b.öffnen(L"Tastatur1");
+            b.user.type(L"fj f");
+            dateien.ausfallenBei(n);
+            b.user.type(L'\r');
+            bisZumEnde = dateien.ausfall() == Vorgang::keiner;
+            EXPECT_EQ(b.aktiv(), L"Tastatur0") << n;
+            const bool bestanden = gleich(b.satz(Kontosatz::Stufennummer), 2);
+            gelesen += dateien.ausfall() == Vorgang::lesen;
+            geöffnet += dateien.ausfall() == Vorgang::öffnen && !bestanden;
+            EXPECT_TRUE(bestanden || dateien.ausfall() != Vorgang::lesen) << n;
+        }
+    }
+    EXPECT_GT(gelesen, 10);
+    // The one opening to write the place, in each of the two rounds.
+    EXPECT_EQ(geöffnet, 2);
+}
+
 TEST(Ausfall, TheFolderGoesAwayInMidStageAndComesBack) {
     Bühne b;
     b.zurÜbung(1);
@@ -148,6 +94,11 @@ TEST(Ausfall, TheFolderGoesAwayInMidStageAndComesBack) {
     b.user.type(L" f\r");
     EXPECT_EQ(b.aktiv(), L"Tastatur0");
     EXPECT_TRUE(b.caption(L"lblHinweisName").starts_with(L"Dein Konto kann gerade nicht gelesen werden."));
+    // No figure is made of what could not be read, and no lesson is shown.
+    EXPECT_EQ(b.caption(L"LblLektion"), L"Lektion –");
+    EXPECT_EQ(b.caption(L"lblGenauigkeit"), L"–");
+    b.user.click(L"imgAbbildung");
+    EXPECT_EQ(b.aktiv(), L"Tastatur0");
     b.user.type(L' ');
     b.user.click(L"imgEnde");
     EXPECT_EQ(b.aktiv(), L"Lern1");

@@ -1,5 +1,4 @@
 #include "platform/controls/drawn.h"
-#include "platform/controls/windowed.h"
 #include "tests/buehne.h"
 
 #include <gtest/gtest.h>
@@ -34,8 +33,8 @@ void textPasst(const Label& label, const std::wstring& name) {
     EXPECT_LE(zeilen * metricsOf(label.font()).lineHeight, label.height() + 15) << toUtf8(name);
 }
 
-void pruefen(const Container& container, int breite, int höhe, const std::wstring& form,
-             std::set<std::wstring>& namen) {
+void prüfen(const Container& container, int breite, int höhe, const std::wstring& form,
+            std::set<std::wstring>& namen) {
     for (std::size_t i = 0; i < container.controlCount(); ++i) {
         Control& control = container.control(i);
         const std::wstring name = form + L"." + control.fullName();
@@ -50,15 +49,15 @@ void pruefen(const Container& container, int breite, int höhe, const std::wstri
             textPasst(*label, name);
         if (const auto* bild = dynamic_cast<const Picture*>(&control); bild && !bild->picture().file) {
             EXPECT_TRUE(bild->picture().empty() || zeichnungDa(bild->picture().name)) << toUtf8(name);
-            if (bild->click || bild->mouseDown) {
+            if (bild->click() || bild->mouseDown()) {
                 EXPECT_FALSE(bild->spokenName().empty()) << "nothing to read out: " << toUtf8(name);
             }
         }
-        if (control.windowed() && !dynamic_cast<const Container*>(&control) && control.visible()) {
+        if (control.windowed() && !control.asContainer() && control.visible()) {
             EXPECT_FALSE(control.spokenName().empty()) << "nothing to read out: " << toUtf8(name);
         }
-        if (const auto* innerer = dynamic_cast<const Container*>(&control))
-            pruefen(*innerer, control.width(), control.height(), form, namen);
+        if (const Container* innerer = control.asContainer())
+            prüfen(*innerer, control.width(), control.height(), form, namen);
     }
 }
 
@@ -77,7 +76,7 @@ TEST(Formen, EachLoadsAndItsControlsAreNamedOnceInsideTheirContainerAndTheirText
             EXPECT_TRUE(zeichnungDa(form->look().picture)) << toUtf8(name);
         }
         std::set<std::wstring> namen;
-        pruefen(*form, form->width(), form->height(), std::wstring(name), namen);
+        prüfen(*form, form->width(), form->height(), std::wstring(name), namen);
     }
 }
 
@@ -86,7 +85,7 @@ TEST(Formen, EverySoundAndPictureThatTheCodeNamesIsThere) {
     const std::regex bild("L\"((?:knopf|uebung|hintergrund|einst)_[a-z0-9_]+)\"");
     int klänge = 0;
     int bilder = 0;
-    for (const char* raum : {"front", "course", "teacher"}) {
+    for (const char* raum : {"screens", "front", "course", "teacher"}) {
         for (const auto& eintrag : fs::directory_iterator(fs::path(KLOPFMEISE_QUELLEN) / raum)) {
             const std::string quelle = dateiinhalt(eintrag.path());
             for (std::sregex_iterator it(quelle.begin(), quelle.end(), klang), ende; it != ende;

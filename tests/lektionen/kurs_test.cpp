@@ -117,7 +117,7 @@ TEST(Kurs, TexteVerlangenNurEingeführteTasten) {
         const Kurslektion& lektion = kurs()[n];
         std::set<wchar_t> ungeübt;
         for (const std::wstring& taste : lektion.tasten) {
-            EXPECT_NE(tasteFuer(taste.front()), 0) << toUtf8(taste);
+            EXPECT_NE(tasteFür(taste.front()), 0) << toUtf8(taste);
             EXPECT_TRUE(bekannt.insert(taste.front()).second) << "schon eingeführt: " << toUtf8(taste);
             ungeübt.insert(taste.front());
         }
@@ -170,7 +170,7 @@ TEST(Kurs, FreieTexteSindTippbar) {
         for (const std::wstring& zeile : zerlegt(text, L'\n')) {
             EXPECT_TRUE(sauber(zeile)) << toUtf8(zeile);
             for (const wchar_t z : zeile)
-                EXPECT_NE(tasteFuer(z), 0) << toUtf8(std::wstring(1, z)) << " in: " << toUtf8(zeile);
+                EXPECT_NE(tasteFür(z), 0) << toUtf8(std::wstring(1, z)) << " in: " << toUtf8(zeile);
         }
     }
     for (int n = 1; n <= 12; ++n) {

@@ -1,53 +1,13 @@
 #include "store/kontodatei.h"
-#include "store/kurskonto.h"
 #include "tests/buehne.h"
 
 #include <gtest/gtest.h>
-#include <limits>
 #include <random>
 
 namespace klopfmeise {
 namespace {
 
 using std::string_literals::operator""s;
-
-struct WertFall {
-    const char* name;
-    std::string bytes;
-    Wert wert;
-};
-
-TEST(Wert, EachTagReadsAndWritesItsBytes) {
-    const std::vector<WertFall> fälle{
-        {"Integer", "\x02\x00\xFB\xFF"s, std::int16_t{-5}},
-        {"Long", "\x03\x00\x40\x9C\x00\x00"s, std::int32_t{40000}},
-        {"Single", "\x04\x00\x00\x00\x20\x41"s, 10.0F},
-        {"Double", "\x05\x00\x00\x00\x00\x00\x00\xC0\x52\x40"s, 75.0},
-        {"String", "\x08\x00\x03\x00\x31\x32\xE4"s, L"12ä"s},
-        {"Empty", "\x00\x00"s, Wert{}},
-    };
-    for (const auto& fall : fälle) {
-        EXPECT_EQ(wertAus(fall.bytes + "Rest"), fall.wert) << fall.name;
-        EXPECT_EQ(bytesAus(fall.wert, 128), fall.bytes) << fall.name;
-    }
-}
-
-TEST(Wert, WhatIsUnknownOrCutOffReadsAsEmpty) {
-    for (const std::string& bytes :
-         {""s, "\x02"s, "\x02\x00\x01"s, "\x05\x00\x00\x00\x00"s, "\x07\x00\x01\x02"s,
-          "\x08\x00\x05\x00\x61\x62"s, "\x08\x00\xFF\xFF"s, "\xFF\xFF\x01\x02\x03\x04"s})
-        EXPECT_TRUE(istLeer(wertAus(bytes)));
-}
-
-TEST(Wert, ComparesByWhatItSays) {
-    EXPECT_TRUE(gleich(Wert{}, 0) && gleich(Wert{}, L""));
-    EXPECT_FALSE(gleich(Wert{std::int16_t{0}}, L""));
-    EXPECT_TRUE(gleich(Wert{L"120"s}, 120) && gleich(Wert{L" 1,5 "s}, 1.5));
-    EXPECT_FALSE(gleich(Wert{L"zwölf"s}, 12) || gleich(Wert{L""s}, 0));
-    EXPECT_EQ(textAus(Wert{0.1F}, L','), L"0,1");
-    EXPECT_EQ(textAus(Wert{98.5}, L','), L"98,5");
-    EXPECT_EQ(ganzzahl(40000), Wert{std::int32_t{40000}});
-}
 
 TEST(Kontodatei, CreationImageHoldsHundredRecordsAndThreeRuns) {
     Wegwerfordner ordner;
@@ -101,43 +61,6 @@ TEST(Kontodatei, AFolderInItsPlaceIsNotAnEmptyAccount) {
     EXPECT_TRUE(istLeer(datei.lesen(32)));
     EXPECT_FALSE(datei.schreiben(32, std::int16_t{1}));
     EXPECT_FALSE(datei.gut());
-    EXPECT_FALSE(kurskontoLesen(dateien, logikpfad(ordner.pfad() / "Kind._")));
-}
-
-TEST(Kurskonto, DefaultsAndWhatLiesOutsideTheRange) {
-    Wegwerfordner ordner;
-    PosixFiles dateien;
-    const std::wstring pfad = logikpfad(ordner.pfad() / "k._");
-    const auto frisch = kurskontoLesen(dateien, pfad);
-    ASSERT_TRUE(frisch);
-    EXPECT_EQ(frisch->Lektionsnummer, 1);
-    EXPECT_EQ(frisch->Stufennummer, 1);
-    EXPECT_EQ(frisch->Durchgangszahl, 1);
-    EXPECT_EQ(frisch->Tempowert, 10);
-    EXPECT_EQ(frisch->Genauigkeit, 100);
-    Kontodatei datei(dateien, pfad);
-    datei.schreiben(Kontosatz::Lektionsnummer, std::int32_t{40000});
-    datei.schreiben(Kontosatz::Stufennummer, std::int16_t{-5});
-    datei.schreiben(Kontosatz::Durchgangszahl, std::numeric_limits<double>::quiet_NaN());
-    datei.schreiben(Kontosatz::Tempowert, 1e300);
-    datei.schreiben(Kontosatz::Genauigkeit, std::numeric_limits<double>::infinity());
-    datei.schreiben(Kontosatz::Fehlerstopp, L"1"s);
-    const auto wild = kurskontoLesen(dateien, pfad);
-    ASSERT_TRUE(wild);
-    EXPECT_EQ(wild->Lektionsnummer, 40000);
-    EXPECT_EQ(wild->Stufennummer, -5);
-    EXPECT_EQ(wild->Durchgangszahl, 1);
-    EXPECT_EQ(wild->Tempowert, 10);
-    EXPECT_EQ(wild->Genauigkeit, 100);
-    EXPECT_EQ(wild->Fehlerstopp, 1);
-}
-
-TEST(Kurskonto, BehindTheLastStageComesTheNextLesson) {
-    Kurskonto konto{.Lektionsnummer = 4, .Stufennummer = 11};
-    stufeWeiter(konto, 12);
-    EXPECT_EQ(std::pair(konto.Lektionsnummer, konto.Stufennummer), std::pair(4, 12));
-    stufeWeiter(konto, 12);
-    EXPECT_EQ(std::pair(konto.Lektionsnummer, konto.Stufennummer), std::pair(5, 1));
 }
 
 } // namespace

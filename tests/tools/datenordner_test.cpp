@@ -44,7 +44,7 @@ void prüfeLektionen(const fs::path& ordner) {
             SCOPED_TRACE(name + ", Stufe " + std::to_string(s));
             const Kursstufe& soll = quelle.stufen[static_cast<std::size_t>(s - 1)];
             const Lektion ist = lektionLesen(dateien, logikpfad(ordner / "Data" / "Tastatur" / name), s);
-            ASSERT_TRUE(ist.vollstaendig());
+            ASSERT_TRUE(ist.vollständig());
             EXPECT_EQ(ist.Stufenzahl, static_cast<int>(quelle.stufen.size()));
             EXPECT_EQ(ist.Lektionsart, quelle.art);
             EXPECT_EQ(ist.Lektionstitel, quelle.titel);
@@ -127,7 +127,7 @@ TEST(Datenordner, ErHatAllesWasDerStartVerlangt) {
             << quelle.path();
 
     PosixFiles dateien;
-    EXPECT_EQ(zulaessigeDatenablage(dateien, logikpfad(daten) + L"\\"), KLOPFMEISE_MIT_BILDERN == 1);
+    EXPECT_EQ(zulässigeDatenablage(dateien, logikpfad(daten) + L"\\"), KLOPFMEISE_MIT_BILDERN == 1);
     std::size_t größe = 0;
     for (const auto& [name, inhalt] : inhalte(daten))
         größe += inhalt.size();

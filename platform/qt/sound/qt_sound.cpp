@@ -3,10 +3,8 @@
 #include "platform/qt/qt_text.h"
 
 #include <QAudioDevice>
-#include <QEventLoop>
 #include <QFile>
 #include <QMediaDevices>
-#include <QTimer>
 #include <QUrl>
 #include <QtEndian>
 
@@ -44,10 +42,10 @@ bool QtSound::audible() {
     return *audible_;
 }
 
-void QtSound::play(const std::wstring& path, bool wait) {
+int QtSound::play(const std::wstring& path) {
     const QString file = toQt(files_.shown(path));
     if (!QFile::exists(file) || !audible())
-        return;
+        return 0;
     auto& effect = effects_[file];
     if (!effect) {
         effect = std::make_unique<QSoundEffect>();
@@ -57,16 +55,7 @@ void QtSound::play(const std::wstring& path, bool wait) {
         playing_->stop();
     playing_ = effect.get();
     effect->play();
-    if (!wait)
-        return;
-    // The sound system feeds the device from the event loop.
-    QEventLoop loop;
-    QTimer::singleShot(std::min(longestWait, duration(file) + startUp), &loop, [&loop] { loop.quit(); });
-    QObject::connect(playing_, &QSoundEffect::playingChanged, &loop, [this, &loop] {
-        if (!playing_->isPlaying())
-            loop.quit();
-    });
-    loop.exec();
+    return std::min(longestWait, duration(file) + startUp);
 }
 
 } // namespace klopfmeise

@@ -19,8 +19,7 @@ public:
     explicit QtSound(const Files& files)
         : files_(files) {}
 
-    /// With `wait` nothing is served until the sound has ended, at most 3 seconds.
-    void play(const std::wstring& path, bool wait = false) override;
+    int play(const std::wstring& path) override;
 
 private:
     bool audible();

@@ -4,23 +4,23 @@
 set -eu
 probe=$1
 if ! command -v soffice >/dev/null 2>&1; then
-    echo "rtf_libreoffice: soffice fehlt, übersprungen"
+    echo "rtf_libreoffice: no soffice, skipped"
     exit 77
 fi
-ordner=$(mktemp -d)
-trap 'rm -rf "$ordner"' EXIT
-mkdir "$ordner/hin" "$ordner/rück"
+folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
+mkdir "$folder/there" "$folder/back"
 
-wandle() {
-    timeout 120 soffice "-env:UserInstallation=file://$ordner/profil" --headless \
-        --convert-to "$1" --outdir "$2" "$3" >"$ordner/meldungen" 2>&1 || { cat "$ordner/meldungen"; exit 1; }
+convert() {
+    timeout 120 soffice "-env:UserInstallation=file://$folder/profile" --headless \
+        --convert-to "$1" --outdir "$2" "$3" >"$folder/messages" 2>&1 || { cat "$folder/messages"; exit 1; }
 }
 # LibreOffice ends lines with LF alone and begins with a byte order mark; the last line end is not compared.
-eben() { tr -d '\r' <"$1" | sed '1s/^\xef\xbb\xbf//'; }
-vergleiche() {
-    eben "$1" >"$ordner/soll"
-    eben "$2" >"$ordner/ist"
-    diff -u "$ordner/soll" "$ordner/ist" || { echo "rtf_libreoffice: $3: der Text weicht ab"; exit 1; }
+even() { tr -d '\r' <"$1" | sed '1s/^\xef\xbb\xbf//'; }
+compare() {
+    even "$1" >"$folder/expected"
+    even "$2" >"$folder/actual"
+    diff -u "$folder/expected" "$folder/actual" || { echo "rtf_libreoffice: $3: the text differs"; exit 1; }
 }
 
 {
@@ -36,13 +36,13 @@ Blocksatz mit vielen Wörtern, damit jede Schrift und jede Farbe einmal vorkommt
 rechts zentriert und so weiter
 letzte Zeile
 TEXT
-} >"$ordner/text.txt"
+} >"$folder/text.txt"
 
-"$probe" schreiben "$ordner/text.txt" "$ordner/probe.rtf"
-wandle "txt:Text (encoded):UTF8" "$ordner/hin" "$ordner/probe.rtf"
-vergleiche "$ordner/text.txt" "$ordner/hin/probe.txt" "geschrieben"
+"$probe" write "$folder/text.txt" "$folder/probe.rtf"
+convert "txt:Text (encoded):UTF8" "$folder/there" "$folder/probe.rtf"
+compare "$folder/text.txt" "$folder/there/probe.txt" "written"
 
-wandle rtf "$ordner/rück" "$ordner/probe.rtf"
-"$probe" lesen "$ordner/rück/probe.rtf" "$ordner/zurück.txt"
-vergleiche "$ordner/text.txt" "$ordner/zurück.txt" "gelesen"
-echo "rtf_libreoffice: in Ordnung"
+convert rtf "$folder/back" "$folder/probe.rtf"
+"$probe" read "$folder/back/probe.rtf" "$folder/back.txt"
+compare "$folder/text.txt" "$folder/back.txt" "read"
+echo "rtf_libreoffice: in order"

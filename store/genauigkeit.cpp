@@ -1,11 +1,16 @@
-#include "course/genauigkeit.h"
+#include "store/genauigkeit.h"
 
-#include "platform/values/text.h"
-#include "store/kurskonto.h"
+#include "store/kontodatei.h"
+#include "store/pfade.h"
 
 #include <cmath>
 
 namespace klopfmeise {
+
+double genauigkeitAus(const Wert& wert) {
+    const double zahl = zahlAus(wert).value_or(0);
+    return zahl == 0 || !std::isfinite(zahl) ? 100 : zahl;
+}
 
 double genauigkeitWeiter(double bisher, const Tippstand& stand) {
     const double lektion = stand.Lektionsnummer;
@@ -16,19 +21,15 @@ double genauigkeitWeiter(double bisher, const Tippstand& stand) {
     return neu < 0 ? 0.01 : neu;
 }
 
-std::optional<double> genauigkeitFortschreiben(Files& dateien, const std::wstring& konto,
+std::optional<double> genauigkeitFortschreiben(Files& dateien, const Globale& global,
                                                const Tippstand& stand) {
-    Kontodatei datei(dateien, konto);
+    Kontodatei datei(dateien, kontopfad(global));
     const double bisher = genauigkeitAus(datei.lesen(Kontosatz::Genauigkeit));
     if (!datei.gut())
         return std::nullopt;
     const double neu = genauigkeitWeiter(bisher, stand);
     datei.schreiben(Kontosatz::Genauigkeit, neu);
     return neu;
-}
-
-std::wstring genauigkeitText(double prozent, wchar_t dezimalzeichen) {
-    return formatted(prozent, 2, dezimalzeichen) + L" %";
 }
 
 } // namespace klopfmeise

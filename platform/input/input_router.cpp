@@ -1,0 +1,142 @@
+#include "platform/input/input_router.h"
+
+#include "platform/forms/form_runtime.h"
+#include "platform/input/input_line.h"
+#include "platform/values/windows1252.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace klopfmeise {
+
+namespace {
+
+/// The delete key bears a character on some machines, but types none.
+constexpr wchar_t deleteSign = 127;
+constexpr wchar_t firstPrintable = 32;
+
+/// The characters that a key filter lets pass. A filter knows the 8-bit code page only, so nothing else does.
+std::wstring filtered(const KeyHandlers& handlers, std::wstring_view text) {
+    std::wstring left;
+    for (const wchar_t character : text) {
+        KeyPress press{toWindows1252(character), character};
+        if (handlers.press && character != deleteSign) {
+            if (press.code < 0)
+                continue;
+            handlers.press(press);
+        }
+        if (!press.swallowed)
+            left += character;
+    }
+    return left;
+}
+
+} // namespace
+
+void InputRouter::keyPress(Form& form, const Key& key, const Widget& widget) {
+    if (!form.enabled())
+        return;
+    const auto life = form.life();
+    const Control* focus = form.focus();
+    if (focus && focus->reachable() && focus->keys()) {
+        // The handlers may unload the form and with it the control.
+        const KeyHandlers handlers = focus->keys();
+        if (handlers.down && !key.codes.empty())
+            runtime_.dispatch(form, [&] { handlers.down({key.codes}); });
+        std::wstring left;
+        if (!life.expired())
+            runtime_.dispatch(form, [&] { left = filtered(handlers, key.text); });
+        if (!life.expired() && (key.text.empty() || !left.empty()))
+            widget(left);
+        return;
+    }
+    if (widget(key.text) || life.expired())
+        return;
+    if (!key.codes.empty())
+        runtime_.dispatch(form, [&] { form.Form_KeyDown({key.codes}); });
+    for (const wchar_t character : key.text) {
+        KeyPress press{toWindows1252(character), character};
+        if (press.code >= 0 && character != deleteSign && !life.expired())
+            runtime_.dispatch(form, [&] { form.Form_KeyPress(press); });
+    }
+}
+
+void InputRouter::keyRelease(Form& form, const Key& key, const Widget& widget) {
+    if (!form.enabled() || key.codes.empty())
+        return;
+    const auto life = form.life();
+    const Control* focus = form.focus();
+    if (focus && focus->reachable() && focus->keys()) {
+        const KeyHandlers handlers = focus->keys();
+        if (handlers.up)
+            runtime_.dispatch(form, handlers.up);
+        if (!life.expired())
+            widget({});
+        return;
+    }
+    if (!widget({}) && !life.expired())
+        runtime_.dispatch(form, [&] { form.Form_KeyUp(); });
+}
+
+std::wstring InputRouter::pasted(Control& box, std::wstring_view text) {
+    std::wstring left(text);
+    std::erase_if(left, [](wchar_t c) { return c < firstPrintable || c == deleteSign; });
+    if (box.keys())
+        runtime_.dispatch(formOf(box),
+                          [&, handlers = box.keys()] { left = filtered(handlers, std::wstring(left)); });
+    return left;
+}
+
+void InputRouter::tell(Form& form, std::function<void()> handler) {
+    line_.react([this, &form, life = form.life(), handler = std::move(handler)] {
+        if (!life.expired() && form.enabled())
+            runtime_.dispatch(form, handler);
+    });
+}
+
+void InputRouter::mouseDown(Container& container, int x, int y, MouseButton button) {
+    Control* control = container.drawnControlAt(x, y);
+    pressed_ = button == MouseButton::left ? control : nullptr;
+    if (!control)
+        control = container.asControl();
+    if (control && control->enabled() && control->mouseDown())
+        tell(formOf(*control), [handler = control->mouseDown(), button] { handler(button); });
+}
+
+void InputRouter::mouseUp(Container& container, int x, int y, MouseButton button) {
+    if (button != MouseButton::left)
+        return;
+    const Control* pressed = std::exchange(pressed_, nullptr);
+    Control* control = container.drawnControlAt(x, y);
+    if (control && control == pressed && control->enabled() && control->click())
+        tell(formOf(*control), control->click());
+}
+
+void InputRouter::mouseMove(Container& container, int x, int y) {
+    if (Control* control = container.drawnControlAt(x, y)) {
+        if (control->enabled() && control->mouseMove())
+            tell(formOf(*control), control->mouseMove());
+    } else if (Control* ground = container.asControl()) {
+        if (ground->mouseMove())
+            tell(formOf(*ground), ground->mouseMove());
+    } else {
+        Form& form = static_cast<Form&>(container.host());
+        tell(form, [&form] { form.Form_MouseMove(); });
+    }
+}
+
+void InputRouter::press(Control& control) {
+    if (!control.enabled())
+        return;
+    if (control.mouseDown())
+        tell(formOf(control), [handler = control.mouseDown()] { handler(MouseButton::left); });
+    if (control.click())
+        tell(formOf(control), control.click());
+}
+
+void InputRouter::forget(const Control& control) {
+    if (pressed_ == &control)
+        pressed_ = nullptr;
+}
+
+} // namespace klopfmeise

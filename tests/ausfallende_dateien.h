@@ -1,0 +1,107 @@
+#pragma once
+
+#include "platform/machine/posix_files.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace klopfmeise {
+
+enum class Störung { verweigert, kurz };
+enum class Vorgang { keiner, öffnen, lesen, schreiben, sonstiger };
+
+/// The machine's files, of which the n-th operation fails: refused, or stopped half-way.
+class AusfallendeDateien final : public Files {
+public:
+    explicit AusfallendeDateien(int anNummer = 0, Störung störung = Störung::verweigert)
+        : rest_(anNummer)
+        , störung_(störung) {}
+
+    /// Counts anew: of the operations from now on the n-th fails, none for 0.
+    void ausfallenBei(int anNummer) {
+        rest_ = anNummer;
+        ausfall_ = Vorgang::keiner;
+    }
+    /// What it was that failed.
+    Vorgang ausfall() const { return ausfall_; }
+
+    std::unique_ptr<RecordFile> openRecords(const std::wstring& path) override {
+        if (trifft(Vorgang::öffnen))
+            return nullptr;
+        auto echt = echt_.openRecords(path);
+        return echt ? std::make_unique<Datei>(std::move(echt), *this) : nullptr;
+    }
+    std::optional<std::string> readAll(const std::wstring& path, std::size_t limit) override {
+        if (!trifft(Vorgang::lesen))
+            return echt_.readAll(path, limit);
+        if (störung_ == Störung::verweigert)
+            return std::nullopt;
+        const std::string inhalt = echt_.readAll(path, limit).value_or(std::string());
+        return inhalt.substr(0, inhalt.size() / 2);
+    }
+    bool writeAll(const std::wstring& path, std::string_view bytes) override {
+        return !trifft(Vorgang::schreiben) && echt_.writeAll(path, bytes);
+    }
+    std::wstring search(const std::wstring& path) override { return trifft() ? L"" : echt_.search(path); }
+    bool folderExists(const std::wstring& path) override { return !trifft() && echt_.folderExists(path); }
+    std::vector<std::wstring> listFiles(const std::wstring& folder, std::wstring_view pattern) override {
+        return trifft() ? std::vector<std::wstring>() : echt_.listFiles(folder, pattern);
+    }
+    std::vector<std::wstring> listFolders(const std::wstring& folder) override {
+        return trifft() ? std::vector<std::wstring>() : echt_.listFolders(folder);
+    }
+    bool makeFolder(const std::wstring& path) override { return !trifft() && echt_.makeFolder(path); }
+    bool removeFolder(const std::wstring& path) override { return !trifft() && echt_.removeFolder(path); }
+    bool copyFile(const std::wstring& from, const std::wstring& to) override {
+        return !trifft() && echt_.copyFile(from, to);
+    }
+    bool rename(const std::wstring& from, const std::wstring& to) override {
+        return !trifft() && echt_.rename(from, to);
+    }
+    bool removeFile(const std::wstring& path) override { return !trifft() && echt_.removeFile(path); }
+    std::wstring shown(const std::wstring& path) const override { return echt_.shown(path); }
+    std::wstring entered(const std::wstring& text) const override { return echt_.entered(text); }
+
+private:
+    class Datei final : public RecordFile {
+    public:
+        Datei(std::unique_ptr<RecordFile> echt, AusfallendeDateien& dateien)
+            : echt_(std::move(echt))
+            , dateien_(dateien) {}
+        std::optional<std::string> read(std::int64_t offset, std::size_t size) override {
+            if (!dateien_.trifft(Vorgang::lesen))
+                return echt_->read(offset, size);
+            if (dateien_.störung_ == Störung::verweigert)
+                return std::nullopt;
+            return echt_->read(offset, size).value_or(std::string()).substr(0, 1);
+        }
+        bool write(std::int64_t offset, std::string_view bytes) override {
+            if (!dateien_.trifft(Vorgang::schreiben))
+                return echt_->write(offset, bytes);
+            if (dateien_.störung_ == Störung::kurz)
+                echt_->write(offset, bytes.substr(0, bytes.size() / 2));
+            return false;
+        }
+
+    private:
+        std::unique_ptr<RecordFile> echt_;
+        AusfallendeDateien& dateien_;
+    };
+
+    bool trifft(Vorgang vorgang = Vorgang::sonstiger) {
+        if (rest_ == 0 || --rest_ > 0)
+            return false;
+        ausfall_ = vorgang;
+        return true;
+    }
+
+    PosixFiles echt_;
+    int rest_;
+    Störung störung_;
+    Vorgang ausfall_ = Vorgang::keiner;
+};
+
+} // namespace klopfmeise

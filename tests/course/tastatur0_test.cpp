@@ -1,0 +1,25 @@
+#include "platform/controls/drawn.h"
+#include "tests/buehne.h"
+
+#include <gtest/gtest.h>
+
+namespace klopfmeise {
+namespace {
+
+TEST(Kursstartseite, BehindTheLastLessonTheCourseIsDone) {
+    Bühne b;
+    b.satz(Kontosatz::Lektionsnummer, std::int32_t{31});
+    b.öffnen(L"Tastatur0");
+    EXPECT_EQ(b.caption(L"lblNameLektion"), L"Geschafft! Du hast alle Lektionen des Kurses bestanden.");
+    b.user.type(L' ');
+    b.user.click(L"cmdNeuesSpiel");
+    EXPECT_EQ(b.aktiv(), L"Tastatur0");
+    b.satz(Kontosatz::Lektionsnummer, std::int32_t{-40000});
+    b.satz(Kontosatz::Stufennummer, std::int16_t{-5});
+    b.user.click(L"imgEnde");
+    b.user.click(L"cmdÜbung", 1);
+    EXPECT_TRUE(b.caption(L"lblHinweisName").starts_with(L"Für Lektion -40000, Stufe -5 gibt es keinen"));
+}
+
+} // namespace
+} // namespace klopfmeise

@@ -1,0 +1,48 @@
+#include "platform/machine/reg_file.h"
+#include "store/mdl_dir.h"
+#include "tests/buehne.h"
+
+#include <gtest/gtest.h>
+
+namespace klopfmeise {
+namespace {
+
+TEST(mdlDir, FindsMarkersWithoutRegardToCaseAndRefusesARoot) {
+    Wegwerfordner ordner;
+    PosixFiles dateien;
+    dateiSchreiben(ordner.pfad() / "gruppen" / "KME.EIN", "x");
+    dateiSchreiben(ordner.pfad() / "Data" / "Tastatur" / "lektion1.bmp", "x");
+    dateiSchreiben(ordner.pfad() / "Data" / "Texte" / "Text_001.txt", "x");
+    const std::wstring pfad = logikpfad(ordner.pfad()) + L"\\";
+    EXPECT_TRUE(zulässigeDatenablage(dateien, pfad));
+    EXPECT_FALSE(DateiVorhanden(dateien, pfad + L"Gruppen"));
+    EXPECT_FALSE(DateiVorhanden(dateien, pfad + L"Gruppen\\kme"));
+    EXPECT_EQ(DateiName(L"a\\b\\c.txt"), L"c.txt");
+    EXPECT_EQ(DateiName(L"c.txt"), L"c.txt");
+    std::filesystem::remove(ordner.pfad() / "gruppen" / "KME.EIN");
+    EXPECT_FALSE(zulässigeDatenablage(dateien, pfad));
+    EXPECT_FALSE(zulässigeDatenablage(dateien, L"\\"));
+}
+
+TEST(mdlDir, BothFormsOfAStoredPathGiveTheSameFolder) {
+    Wegwerfordner ordner;
+    const std::string pfad = (ordner.pfad() / "maschine.reg").string();
+    RegFile registry{pfad};
+    PosixFiles dateien;
+    ManualClock clock;
+    SeededRandom random;
+    RecordedSound sound;
+    ScriptedShell shell;
+    Services dienste{clock, random, sound, dateien, registry, shell};
+    for (const char* wert : {R"("C:\\Daten")", R"(hex(1):43,3a,5c,44,61,74,65,6e,5c)", R"("C:\\Daten\\")",
+                             "hex(1):43,3a,5c,44,\\\r\n  61,74,65,6e,5c,00"}) {
+        dateiSchreiben(pfad, "[HKEY_LOCAL_MACHINE\\Software\\Klopfmeise]\r\n\"Datenablage\"=" +
+                                 std::string(wert) + "\r\n");
+        EXPECT_EQ(DatenablageLesen(dienste), L"C:\\Daten\\") << wert;
+    }
+    dateiSchreiben(pfad, "");
+    EXPECT_EQ(DatenablageLesen(dienste), L"\\");
+}
+
+} // namespace
+} // namespace klopfmeise

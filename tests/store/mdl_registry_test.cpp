@@ -1,0 +1,57 @@
+#include "platform/machine/reg_file.h"
+#include "store/mdl_registry.h"
+#include "tests/buehne.h"
+
+#include <gtest/gtest.h>
+
+namespace klopfmeise {
+namespace {
+
+class Registrierung : public ::testing::Test {
+protected:
+    RegistryStatus schreiben(std::wstring_view name, const Wert& wert, bool mehrzeilig = true,
+                             bool anlegen = true) {
+        return RegistrySchreiben(registry, Maschine, Programmschlüssel, name, wert, mehrzeilig, anlegen);
+    }
+    Wert lesen(std::wstring_view name) {
+        Wert wert;
+        EXPECT_EQ(RegistryLesen(registry, Maschine, Programmschlüssel, name, wert), RegistryStatus::success);
+        return wert;
+    }
+
+    Wegwerfordner ordner;
+    std::string pfad = (ordner.pfad() / "maschine.reg").string();
+    RegFile registry{pfad};
+};
+
+TEST_F(Registrierung, EachKindOfValueIsWrittenAsItsTypeAndComesBack) {
+    EXPECT_EQ(RegistrySchluesselDa(registry, Maschine, Programmschlüssel), RegistryStatus::fileNotFound);
+    EXPECT_EQ(schreiben(L"Pin", L"1", true, false), RegistryStatus::fileNotFound);
+    EXPECT_EQ(schreiben(L"Pin", L"8ß15"), RegistryStatus::success);
+    EXPECT_EQ(RegistrySchluesselDa(registry, Maschine, Programmschlüssel), RegistryStatus::success);
+    EXPECT_EQ(RegistryText(registry, L"Pin"), L"8ß15");
+    EXPECT_EQ(RegistryText(registry, L"pin"), L"8ß15");
+
+    schreiben(L"Kurz", std::int16_t{-2});
+    schreiben(L"Lang", std::int32_t{70000});
+    schreiben(L"Zeilen", L"a\r\nb\nc");
+    schreiben(L"Am Stück", L"a\r\nb", false);
+    EXPECT_EQ(lesen(L"Kurz"), Wert{std::int32_t{-2}});
+    EXPECT_EQ(lesen(L"Lang"), Wert{std::int32_t{70000}});
+    EXPECT_EQ(lesen(L"Zeilen"), Wert{std::wstring(L"a\nb\nc")});
+    EXPECT_EQ(lesen(L"Am Stück"), Wert{std::wstring(L"a\r\nb")});
+    EXPECT_NE(dateiinhalt(pfad).find("\"Zeilen\"=hex(7):61,00,62,00,63\r\n"), std::string::npos);
+}
+
+TEST_F(Registrierung, StoredBytesComeWithTheirTerminatorAndAMissingValueLeavesTheTarget) {
+    dateiSchreiben(pfad, "[HKEY_LOCAL_MACHINE\\Software\\Klopfmeise]\n\"Pin\"=\"7294\"\n\"Zahl\"=dword:1\n");
+    EXPECT_EQ(RegistryText(registry, L"Pin"), std::wstring(L"7294\0", 5));
+    EXPECT_EQ(RegistryText(registry, L"Zahl"), L"");
+    Wert ziel{std::int16_t{7}};
+    EXPECT_EQ(RegistryLesen(registry, Maschine, Programmschlüssel, L"Fehlt", ziel),
+              RegistryStatus::fileNotFound);
+    EXPECT_EQ(ziel, Wert{std::int16_t{7}});
+}
+
+} // namespace
+} // namespace klopfmeise

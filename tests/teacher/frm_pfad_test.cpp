@@ -1,0 +1,171 @@
+#include "platform/controls/drawn.h"
+#include "platform/controls/text_box.h"
+#include "platform/values/text.h"
+#include "platform/values/windows1252.h"
+#include "tests/meldungen.h"
+
+namespace klopfmeise {
+namespace {
+
+namespace fs = std::filesystem;
+
+class Datenablage : public ::testing::Test {
+protected:
+    void SetUp() override { b.öffnen(L"frmPfad"); }
+
+    /// A whole data folder beside the one in use.
+    fs::path ablage(const char* name) {
+        fs::copy(b.daten(), b.ordner.pfad() / name, fs::copy_options::recursive);
+        return b.ordner.pfad() / name;
+    }
+    std::wstring feld() { return b.control<TextBox>(L"txtPfadNeu").text(); }
+    void eingeben(const std::wstring& text) {
+        auto& neu = b.control<TextBox>(L"txtPfadNeu");
+        neu.setText(L"");
+        b.runtime.active()->setFocus(neu);
+        b.user.type(text);
+    }
+    void erwarteWarnung() {
+        erwarteMeldung(
+            b, MessageIcon::information, L"Datenablage",
+            L"ACHTUNG: Sollten Sie  Windows Vista oder Windows Server 2008 als Betriebssystem verwenden, "
+            L"dann ist die Datenablage-Einstellung, die Sie im Begriff sind vorzunehmen, AUSSCHLIEßLICH dann "
+            L"möglich, wenn KLOPFMEISE von Ihnen wie folgt gestartet wurde: Rechte (!) Maustaste auf "
+            L"KLOPFMEISE.EXE (im Installationsordner von KLOPFMEISE) und dann 'Als Administrator ausführen'. "
+            L"Haben Sie KLOPFMEISE so nicht gestartet (z. B. durch den normalen Doppelklick auf das "
+            L"Programmsymbol), beenden Sie jetzt KLOPFMEISE, starten Sie sie entsprechend dieser Vorgaben "
+            L"erneut, navigieren Sie sich wieder in das hiesige Datenablage-Menü und stellen Sie sodann die "
+            L"Datenablage wie gewünscht ein.");
+    }
+    /// Takes `eingabe` over and expects that the folder `gezeigt` is refused and nothing is changed.
+    void erwarteAbgelehnt(const std::wstring& eingabe, const std::wstring& gezeigt) {
+        const std::wstring datenpfad = b.global.Datenpfad;
+        const std::string abgelegt = b.registry.values["Datenablage"].bytes;
+        const std::wstring aktuell = b.caption(L"lblPfadAktuell");
+        eingeben(eingabe);
+        b.user.click(L"cmdNeuerPfad");
+        erwarteMeldung(b, MessageIcon::stop, unzulässig, L"Der angegebene Ordner '" + gezeigt + ablageregeln);
+        EXPECT_EQ(b.aktiv(), L"frmPfad");
+        EXPECT_EQ(feld(), gezeigt);
+        EXPECT_EQ(b.caption(L"lblPfadAktuell"), aktuell);
+        EXPECT_EQ(b.global.Datenpfad, datenpfad);
+        EXPECT_EQ(b.registry.values["Datenablage"].bytes, abgelegt);
+        EXPECT_FALSE(b.backend.quitAsked);
+    }
+
+    Bühne b;
+};
+
+TEST_F(Datenablage, EachButtonFillsItsFieldAndTakesNothingOver) {
+    EXPECT_EQ(b.caption(L"lblPfadAktuell"), fromUtf8(b.daten().string()) + L"/");
+    EXPECT_EQ(feld(), L"");
+    b.user.click(L"cmdApiPfad");
+    erwarteWarnung();
+    EXPECT_EQ(feld(), L"/var/lib/Klopfmeise/");
+    EXPECT_EQ(b.control<TextBox>(L"Text1").text(), L"/var/lib/Klopfmeise/");
+    b.user.click(L"cmdPfad");
+    EXPECT_EQ(feld(), L"/opt/klopfmeise/");
+    b.shell.chosenFolder = L"\\srv\\Schule";
+    b.user.click(L"cmdBrowse");
+    erwarteWarnung();
+    EXPECT_EQ(feld(), L"/srv/Schule");
+    b.user.click(L"cmdExplorer");
+    EXPECT_EQ(b.shell.opened, std::vector{logikpfad(b.daten()) + L"\\"});
+
+    EXPECT_TRUE(b.backend.messages.empty());
+    EXPECT_EQ(b.aktiv(), L"frmPfad");
+    EXPECT_EQ(b.global.Datenpfad, logikpfad(b.daten()) + L"\\");
+}
+
+TEST_F(Datenablage, ACancelledDialogLeavesTheFieldEmptyAndThatIsTheRoot) {
+    b.user.click(L"cmdPfad");
+    b.user.click(L"cmdBrowse");
+    erwarteWarnung();
+    EXPECT_EQ(feld(), L"");
+    erwarteAbgelehnt(L"", L"/");
+}
+
+TEST_F(Datenablage, AFolderWithoutOneOfItsMarkersIsRefused) {
+    for (const char* fehlt : {"Gruppen/kme.ein", "Data/Tastatur/Lektion1.bmp", "Data/Texte/Text_001.txt"}) {
+        SCOPED_TRACE(fehlt);
+        const fs::path neu = ablage("Neu");
+        fs::remove(neu / fehlt);
+        erwarteAbgelehnt(fromUtf8(neu.string()), fromUtf8(neu.string()) + L"/");
+        fs::remove_all(neu);
+    }
+    // The standard folder of this machine is not there; its button did not ask for it.
+    b.shell.commonFolder = logikpfad(b.ordner.pfad());
+    b.user.click(L"cmdApiPfad");
+    erwarteWarnung();
+    const std::wstring gewöhnlich = feld();
+    EXPECT_TRUE(gewöhnlich.ends_with(L"/Klopfmeise/"));
+    erwarteAbgelehnt(gewöhnlich, gewöhnlich);
+}
+
+TEST_F(Datenablage, APathOfThreeCharactersIsRefusedForAllItsMarkers) {
+    ablage("ab");
+    const fs::path vorher = fs::current_path();
+    fs::current_path(b.ordner.pfad());
+    erwarteAbgelehnt(L"ab", L"ab/");
+    fs::rename("ab", "abc");
+    eingeben(L"abc");
+    b.user.click(L"cmdNeuerPfad");
+    fs::current_path(vorher);
+    EXPECT_EQ(b.global.Datenpfad, L"abc\\");
+    EXPECT_TRUE(b.backend.quitAsked);
+}
+
+TEST_F(Datenablage, AFolderTakenOverIsWrittenAndTheNextStartRunsOnIt) {
+    const fs::path neu = ablage("Schülerdaten");
+    eingeben(fromUtf8(neu.string()));
+    // Enter has no function in the field.
+    b.user.type(L'\r');
+    EXPECT_TRUE(b.backend.messages.empty());
+    EXPECT_EQ(feld(), fromUtf8(neu.string()));
+    EXPECT_FALSE(b.backend.quitAsked);
+
+    b.user.click(L"cmdNeuerPfad");
+    erwarteMeldung(b, MessageIcon::information, L"Datenablage",
+                   L"Der neue Ordner für die Datenablage wurde erfolgreich in KLOPFMEISE eingebunden. "
+                   L"KLOPFMEISE wird jetzt beendet und kann sofort wieder neu gestartet werden.");
+    EXPECT_TRUE(b.backend.quitAsked);
+    EXPECT_EQ(b.registry.values["Datenablage"].type, Registry::Type::string);
+    EXPECT_EQ(b.registry.values["Datenablage"].bytes, toWindows1252(logikpfad(neu)) + "\\");
+
+    Bühne danach;
+    danach.registry.values = b.registry.values;
+    danach.start();
+    EXPECT_EQ(danach.aktiv(), L"Lern1");
+    EXPECT_EQ(danach.global.Datenpfad, logikpfad(neu) + L"\\");
+}
+
+TEST_F(Datenablage, ARefusedWriteLeavesTheOldFolderInForceAndEndsTheProcess) {
+    const std::string abgelegt = b.registry.values["Datenablage"].bytes;
+    b.registry.refuseWrite = true;
+    eingeben(fromUtf8(ablage("Neu").string()) + L"/");
+    b.user.click(L"cmdNeuerPfad");
+    erwarteMeldung(
+        b, MessageIcon::information, L"Hinweis",
+        L"Sie müssen als Administrator angemeldet sein, um die von Ihnen gewünschte Einstellung vornehmen zu "
+        L"können. Im Moment sind Sie lediglich als eingeschränkter Benutzer angemeldet bzw. als ein "
+        L"Benutzer, der nicht über das Recht verfügt, Schreibvorgänge in der Windows-Registry vorzunehmen. "
+        L"Wechseln Sie also den Windows-Benutzer und melden Sie sich als Administrator an und nehmen Sie die "
+        L"von Ihnen gewünschte Einstellung erneut vor! KLOPFMEISE beendet sich jetzt automatisch.");
+    EXPECT_TRUE(b.backend.quitAsked);
+    EXPECT_EQ(b.registry.values["Datenablage"].bytes, abgelegt);
+}
+
+TEST_F(Datenablage, AnotherWindowClosesTheScreenAndOpeningItReadsTheValueAnew) {
+    eingeben(L"/unfertig");
+    b.user.activate(*b.runtime.loaded(L"frmTemp"));
+    EXPECT_FALSE(b.runtime.loaded(L"frmPfad"));
+    // As a stored string with its terminator, and without a closing backslash.
+    b.registry.values["Datenablage"].bytes = std::string("\\srv\\Schule\0", 12);
+    b.runtime.show(L"frmPfad");
+    EXPECT_EQ(b.caption(L"lblPfadAktuell"), L"/srv/Schule/");
+    EXPECT_EQ(b.global.Datenpfad, L"\\srv\\Schule\\");
+    EXPECT_EQ(feld(), L"");
+}
+
+} // namespace
+} // namespace klopfmeise
