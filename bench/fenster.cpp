@@ -239,7 +239,7 @@ void titelseiteMessen(QtBackend& qt) {
         };
         for (int i = 0; i < warmlauf + Runden; ++i) {
             const double seiteKostet = gemalt([&] { form.Form_Activate(); });
-            gemalt(form.find<Picture>(L"cmdAllesZurück")->click);
+            gemalt(form.find<Picture>(L"cmdAllesZurück")->click());
             const double namenKosten =
                 gemalt([&] { form.find<Label>(L"LblGruppe", 0)->mouseDown()(MouseButton::left); });
             if (form.find<FileList>(L"File1")->itemCount() != anzahl)
