@@ -239,8 +239,9 @@ void titelseiteMessen(QtBackend& qt) {
         };
         for (int i = 0; i < warmlauf + Runden; ++i) {
             const double seiteKostet = gemalt([&] { form.Form_Activate(); });
-            gemalt(form.find<Picture>(L"cmdAllesZurück")->click);
-            const double namenKosten = gemalt(form.find<Label>(L"LblGruppe", 0)->mouseDown);
+            gemalt(form.find<Picture>(L"cmdAllesZurück")->click());
+            const double namenKosten =
+                gemalt([&] { form.find<Label>(L"LblGruppe", 0)->mouseDown()(MouseButton::left); });
             if (form.find<FileList>(L"File1")->itemCount() != anzahl)
                 std::printf("Falsch gemessen: die Liste der Namen ist nicht da\n");
             if (i < warmlauf)
