@@ -82,8 +82,12 @@ protected:
 
 private:
     void paste(QClipboard::Mode mode) {
-        if (!isReadOnly())
-            insert(toQt(view_.router().pasted(box_, fromQt(QGuiApplication::clipboard()->text(mode)))));
+        if (isReadOnly())
+            return;
+        // Behind the widget's own event: the filter may unload the form.
+        view_.router().tell(view_.form(), [this, text = fromQt(QGuiApplication::clipboard()->text(mode))] {
+            insert(toQt(view_.router().pasted(box_, text)));
+        });
     }
 
     QtFormView& view_;
