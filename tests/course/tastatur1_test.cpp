@@ -121,6 +121,7 @@ TEST_F(Einzeiler, AStoppedRunShowsItsErrorTwoSecondsAndBeginsAnew) {
     std::vector<int> dauern;
     b.backend.duringWait = [&](int dauer) {
         dauern.push_back(dauer);
+        EXPECT_EQ(b.control<Label>(L"lblPosU", 3).back() == colors::white, dauern.size() > 2);
         if (dauern.size() != 2)
             return;
         EXPECT_EQ(gemalt, L"k");
@@ -131,6 +132,7 @@ TEST_F(Einzeiler, AStoppedRunShowsItsErrorTwoSecondsAndBeginsAnew) {
         b.user.type(L"fj");
     };
     b.user.type(L"k");
+    b.backend.duringWait = nullptr;
     EXPECT_EQ(dauern, (std::vector{100, 2000, 100, 100}));
     EXPECT_EQ(b.caption(L"lblDurchgang"), L"3");
     EXPECT_EQ(b.caption(L"lblErfolg"), L"1 / 3");
@@ -190,8 +192,10 @@ TEST_F(Einzeiler, LongTextsAreCutAndShortOnesLeaveTheirEnterCellOpen) {
     öffnen();
     EXPECT_EQ(b.caption(L"lblPosV", 56), L"l");
     EXPECT_EQ(b.control<Label>(L"lblPosV", 56).font().name, wingdings);
-    for (int i = 0; i < 55; ++i)
+    for (int i = 0; i < 55; ++i) {
         b.user.type(static_cast<wchar_t>(lang[static_cast<std::size_t>(i)]));
+        b.user.pass(20);
+    }
     EXPECT_TRUE(b.control<Picture>(L"imgFinger", 10).visible());
     EXPECT_EQ(b.control<Shape>(L"shpLeucht").place(), b.control<Picture>(L"picTaste", 28).place().grown(2));
     // However late it is, in the last cell of a full line the run is in time.
