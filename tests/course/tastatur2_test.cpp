@@ -78,6 +78,8 @@ TEST_F(Fliesstext, RunsCountWithTheirErrorsAndTheLastStageLeadsToTheNextLesson) 
     fliesstextÖffnen("egal", 3);
     for (int lauf = 1; lauf <= 3; ++lauf) {
         EXPECT_EQ(b.caption(L"lblDurchgang"), std::to_wstring(lauf) + L" / 3");
+        b.user.type(L"xx");
+        EXPECT_EQ(b.caption(L"lblFehler"), L"0");
         b.user.type(L"zx\bwei");
         EXPECT_EQ(letzterKlang(), L"typewriterding.wav");
     }
@@ -124,7 +126,11 @@ TEST_F(Fliesstext, TheCountdownWarnsBlinksAndStopsTheRun) {
     zusehen(1);
     for (const auto& [zahl, wie] : gesehen)
         EXPECT_FALSE(wie.versteckt) << toUtf8(zahl);
-    b.user.pass(8000);
+    // Its first right key starts the clock again.
+    b.user.type(L"ax");
+    b.user.pass(10000);
+    EXPECT_EQ(uhr.caption(), L"6");
+    b.user.pass(7000);
     EXPECT_EQ(uhr.caption(), L"0");
     EXPECT_EQ(letzterKlang(), L"falsch.wav");
     auto& neu = b.control<Picture>(L"cmdNeu");
@@ -141,6 +147,7 @@ TEST_F(Fliesstext, TheCountdownWarnsBlinksAndStopsTheRun) {
     EXPECT_EQ(b.caption(L"lblDurchgang"), L"1 / 2");
     EXPECT_EQ(uhr.caption(), L"16");
     EXPECT_EQ(pos(), 1);
+    EXPECT_EQ(b.caption(L"lblAKtuell"), L"a");
 }
 
 } // namespace

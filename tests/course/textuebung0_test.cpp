@@ -25,7 +25,7 @@ TEST_F(Texttippen, LineEndsAreTypedWithEnterAndTheCursorStepsOverTheLineFeed) {
     b.user.type(L"l");
     EXPECT_EQ(zelle(3).back(), colors::wrong);
     EXPECT_EQ(pos(), 5);
-    b.user.type(L"\b");
+    EXPECT_EQ(klänge(L'\b'), Klänge{L"knopf.wav"});
     EXPECT_EQ(pos(), 3);
     b.user.type(L"\r");
     EXPECT_EQ(pos(), 5);
