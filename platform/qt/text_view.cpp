@@ -68,8 +68,11 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override {
+        const QString text = event->text();
         if (event->matches(QKeySequence::Paste))
             paste(QClipboard::Clipboard);
+        else if (!text.isEmpty() && text[0].isPrint() && room() < text.size())
+            event->accept();
         else
             WithoutInputMethod::keyPressEvent(event);
     }
@@ -82,8 +85,17 @@ protected:
 
 private:
     void paste(QClipboard::Mode mode) {
-        if (!isReadOnly())
-            insert(toQt(view_.router().pasted(box_, fromQt(QGuiApplication::clipboard()->text(mode)))));
+        if (isReadOnly())
+            return;
+        const QString text =
+            toQt(view_.router().pasted(box_, fromQt(QGuiApplication::clipboard()->text(mode))));
+        insert(text.left(std::max(0, room())));
+    }
+    /// How many characters can still be typed; the program may have set more than that.
+    int room() const {
+        if (box_.maxLength() <= 0)
+            return maxLength();
+        return box_.maxLength() - static_cast<int>(text().size() - selectedText().size());
     }
 
     QtFormView& view_;
