@@ -87,9 +87,10 @@ private:
     void paste(QClipboard::Mode mode) {
         if (isReadOnly())
             return;
-        const QString text =
-            toQt(view_.router().pasted(box_, fromQt(QGuiApplication::clipboard()->text(mode))));
-        insert(text.left(std::max(0, room())));
+        // Behind the widget's own event: the filter may unload the form.
+        view_.router().tell(view_.form(), [this, text = fromQt(QGuiApplication::clipboard()->text(mode))] {
+            insert(toQt(view_.router().pasted(box_, text)).left(std::max(0, room())));
+        });
     }
     /// How many characters can still be typed; the program may have set more than that.
     int room() const {
