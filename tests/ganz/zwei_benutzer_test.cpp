@@ -136,7 +136,7 @@ TEST_F(ZweiBenutzer, WhatTheProgramOfOneMakesTheOtherCanWriteRenameAndDelete) {
     Globale hasen;
     hasen.Datenpfad = pfad("");
     hasen.AktuelleKlasse = L"Hasen\\";
-    for (const mode_t umask : {0022, 0077})
+    for (const mode_t umask : {0022U, 0077U})
         for (const Freigabe& freigabe : freigaben) {
             SCOPED_TRACE(testing::Message() << freigabe.name << ", umask " << std::oct << umask);
             fs::remove_all(b.daten() / "Gruppen" / "Hasen" / "Mia._");

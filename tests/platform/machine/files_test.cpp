@@ -141,7 +141,7 @@ TEST_F(TroubledFilesTest, WhatIsMadeTakesTheRightsOfItsFolderWhateverTheUmask) {
     const auto mode = [&](const std::string& name) {
         return static_cast<unsigned>(std::filesystem::status(folder_.pfad() / name).permissions());
     };
-    for (const mode_t mask : {0000, 0022, 0077})
+    for (const mode_t mask : {0000U, 0022U, 0077U})
         for (const unsigned rights : {02775U, 0770U, 0700U, 0777U, 02750U, 01777U}) {
             SCOPED_TRACE(testing::Message() << std::oct << "umask " << mask << ", folder " << rights);
             std::filesystem::create_directory(place("D"));
