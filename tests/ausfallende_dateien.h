@@ -14,7 +14,7 @@ enum class Störung { verweigert, kurz };
 enum class Vorgang { keiner, öffnen, lesen, schreiben, sonstiger };
 
 /// The machine's files, of which the n-th operation fails: refused, or stopped half-way.
-class AusfallendeDateien final : public Files {
+class AusfallendeDateien : public Files {
 public:
     explicit AusfallendeDateien(int anNummer = 0, Störung störung = Störung::verweigert)
         : rest_(anNummer)

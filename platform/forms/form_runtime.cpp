@@ -194,6 +194,8 @@ void FormRuntime::wait(int milliseconds) {
         backend_.wait(milliseconds);
 }
 
+void FormRuntime::work(const std::function<void()>& job) { backend_.work(job); }
+
 void FormRuntime::dispatch(Form& form, const std::function<void()>& handler) {
     if (form.unloaded_ || ended_)
         return;

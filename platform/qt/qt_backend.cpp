@@ -117,6 +117,8 @@ Answer QtBackend::showMessage(const Message& message) {
 
 void QtBackend::wait(int milliseconds) { desk_.queue.takeInFor(milliseconds); }
 
+void QtBackend::work(const std::function<void()>& job) { desk_.queue.takeInDuring(job); }
+
 Rect QtBackend::screen() const {
     const QSize size = stage_.screen().size();
     const double twips = stage_.ratio() / stage_.zoom() * twipsPerPixel;

@@ -8,12 +8,20 @@
 
 #include <QApplication>
 #include <QMdiArea>
+#include <QTimer>
 #include <QWindow>
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace klopfmeise {
+
+namespace {
+using std::chrono_literals::operator""ms;
+/// A start that takes longer shows its splash.
+constexpr auto splashDelay = 300ms;
+} // namespace
 
 QtFormView::QtFormView(Form& form, Desk& desk)
     : form_(form)
@@ -174,13 +182,10 @@ void QtFormView::show() {
     }
     // Start-up is mostly through before the splash could be seen; it opens where something has to be waited
     // for.
-    QMetaObject::invokeMethod(
-        widget_,
-        [this] {
-            if (form_.visible())
-                openWindow();
-        },
-        Qt::QueuedConnection);
+    QTimer::singleShot(splashDelay, widget_, [this] {
+        if (form_.visible())
+            openWindow();
+    });
 }
 
 void QtFormView::openWindow() {
