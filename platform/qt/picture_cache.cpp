@@ -122,12 +122,12 @@ Image HeldPictures::picture(const void* owner, const PictureSource& source, int 
     }
     const auto found = held_.find(owner);
     if (found != held_.end() && found->second.source == source && found->second.revision == revision &&
-        found->second.size == size)
+        found->second.size == size && found->second.ownSizeZoom == ownSizeZoom)
         return found->second.image;
     held_.erase(owner);
     Image image =
         source.file ? read(source.name, size, ownSizeZoom, files) : cache_.drawing(source.name, size);
-    held_.insert_or_assign(owner, Held{source, revision, size, image});
+    held_.insert_or_assign(owner, Held{source, revision, size, ownSizeZoom, image});
     return image;
 }
 

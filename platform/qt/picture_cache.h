@@ -68,6 +68,7 @@ private:
         PictureSource source;
         int revision = 0;
         QSize size;
+        double ownSizeZoom = 0;
         Image image;
     };
 

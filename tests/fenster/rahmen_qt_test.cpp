@@ -2,21 +2,22 @@
 #include "platform/qt/frame_window.h"
 #include "platform/qt/qt_form_view.h"
 #include "platform/qt/qt_text.h"
+#include "tests/buehne.h"
 #include "tests/fenster/ein_backend.h"
 #include "tests/platform/diary.h"
 
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
+#include <QAbstractSlider>
 #include <QAction>
+#include <QApplication>
 #include <QClipboard>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMdiArea>
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QScreen>
-#include <QStyle>
-#include <QStyleOptionTitleBar>
 #include <QWindow>
 
 namespace klopfmeise {
@@ -35,6 +36,7 @@ public:
     Child(FormRuntime& runtime, std::wstring_view name, const FormLook& look, Diary& book)
         : NotingForm(runtime, name, look, book) {
         moveTo(100, 100);
+        code.setFocus();
     }
     CheckLook check(const std::string& event) { return {.caption = L"Wahl", .click = diary.noting(event)}; }
     KeyHandlers digits() {
@@ -131,6 +133,7 @@ protected:
         return happened();
     }
 
+    const Wegwerfordner folder;
     Playground ground;
     Diary& diary = ground.diary;
     FormRuntime runtime{backend(), ground.runtime.services()};
@@ -157,15 +160,132 @@ TEST_F(RahmenQt, TheFrameFillsTheScreenAndHoldsItsMenuItsStripAndItsChildren) {
         EXPECT_TRUE(window(name).contentsRect().contains(widget(name).geometry()));
         EXPECT_EQ(window(name).windowTitle(), QStringLiteral("Hauptmenü"));
     }
-    if (const char* to = std::getenv("H1PIC")) {
-        frame().grab().save(QString(to) + "a.png");
-        window(L"One").raise();
-        runtime.unload(L"Large");
-        settle();
-        frame().grab().save(QString(to) + "b.png");
-    }
     EXPECT_NEAR(widget(L"One").width(), 6000 / pixel, 1);
     EXPECT_NEAR(widget(L"Large").width(), widget(L"Large").height(), 1);
+}
+
+TEST_F(RahmenQt, TheUserMovesAmongTheChildrenAndClosesThem) {
+    shown({L"One", L"Two"});
+    window(L"Two").move(300, 300);
+    EXPECT_EQ(clicked(window(L"One"), {60, 10}), "Two.deactivate One.activate");
+    EXPECT_EQ(struck(Qt::Key_7, "7"), "key code");
+    EXPECT_EQ(one().code.text(), L"7") << "the keys do not go to the active child";
+    window(L"One").close();
+    EXPECT_EQ(happened(), "One.unload Two.activate");
+    EXPECT_EQ(window(L"Two").pos(), QPoint(300, 300));
+    shown({L"Small"});
+    frame().windowHandle()->close();
+    EXPECT_EQ(happened(), "Two.unload Frame.unload");
+}
+
+TEST_F(RahmenQt, AWindowOverTheFrameStaysActiveWhateverTheChildrenDo) {
+    shown({L"One", L"Two"});
+    diary.on["One.activate"] = [this] { runtime.show(L"Small"); };
+    runtime.show(L"One");
+    const std::string before = "Two.deactivate One.activate Small.load Frame.deactivate Small.activate";
+    EXPECT_EQ(happened(), before) << "the toolkit tells of the child last";
+    QWindow* small = widget(L"Small").windowHandle();
+    EXPECT_EQ(QGuiApplication::focusWindow(), small);
+    diary.on.clear();
+    auto& timer = static_cast<NotingForm&>(*runtime.loaded(L"Frame")).timer;
+    diary.on["Frame.tick"] = [this, &timer] {
+        timer.setEnabled(false);
+        runtime.unload(L"One");
+    };
+    timer.setInterval(1);
+    ground.clock.advance(1);
+    EXPECT_EQ(happened(), "Frame.tick One.unload Two.activate");
+    EXPECT_EQ(QGuiApplication::focusWindow(), small);
+    EXPECT_EQ(active(), L"Small");
+    EXPECT_EQ(clicked(frame(), {400, 500}), "Small.deactivate Frame.activate");
+    EXPECT_EQ(active(), L"Two");
+    shown({L"Small"});
+    widget(L"Small").windowHandle()->close();
+    EXPECT_EQ(happened(), "Small.unload Frame.activate");
+    EXPECT_EQ(QGuiApplication::focusWindow(), frame().windowHandle());
+}
+
+TEST_F(RahmenQt, AnEntryOfTheMenuIsHeardAndAnOpenMenuHasTheKeys) {
+    shown({L"One"});
+    one().code.setFocus();
+    const QRect title = frame().menuBar()->actionGeometry(frame().menuBar()->actions().at(1));
+    clicked(*frame().menuBar(), title.center());
+    QWidget* menu = QApplication::activePopupWidget();
+    ASSERT_TRUE(menu);
+    EXPECT_EQ(struck(Qt::Key_7, "7"), "");
+    struck(Qt::Key_Down);
+    EXPECT_EQ(struck(Qt::Key_Return, "\r"), "deep");
+    EXPECT_FALSE(QApplication::activePopupWidget());
+    frame().findChild<QAction*>(QStringLiteral("Top"))->trigger();
+    EXPECT_EQ(happened(), "top");
+    EXPECT_EQ(struck(Qt::Key_7, "7"), "key code") << "the keys do not come back to the child";
+}
+
+TEST_F(RahmenQt, WidgetsStandInTheOrderOfTheirControlsHoweverLateTheyAreMade) {
+    runtime.load(L"One");
+    one().code.hide();
+    one().group.hide();
+    one().first.hide();
+    one().box.hide();
+    shown({L"One"});
+    for (Control* late :
+         std::initializer_list<Control*>{&one().box, &one().first, &one().group, &one().code}) {
+        late->show();
+        settle();
+    }
+    std::string stacked, order;
+    for (const QObject* part : widget(L"One").children())
+        stacked += part->objectName().toStdString() + " ";
+    EXPECT_EQ(stacked, "code slider group box list ");
+    one().slider.setFocus();
+    for (int i = 0; i < 4; ++i) {
+        struck(Qt::Key_Tab, "\t");
+        order += frame().focusWidget()->objectName().toStdString() + " ";
+    }
+    EXPECT_EQ(order, "first second box list ");
+    EXPECT_EQ(one().focus(), &one().list);
+    struck(Qt::Key_Tab, "\t");
+    EXPECT_EQ(one().focus(), &one().code);
+}
+
+TEST_F(RahmenQt, WhatTheUserSetsIsHeardOnceAndWhatTheProgramSetsNever) {
+    shown({L"One"});
+    ground.files.makeFolder(logikpfad(folder.pfad()) + L"\\a");
+    ground.files.makeFolder(logikpfad(folder.pfad()) + L"\\b");
+    one().list.setPath(logikpfad(folder.pfad()));
+    one().slider.setValue(5);
+    one().first.setValue(1);
+    one().box.setValue(1);
+    one().code.setText(L"8");
+    EXPECT_EQ(happened(), "");
+    EXPECT_EQ(static_cast<QAbstractSlider&>(widget(one().slider)).value(), 5);
+
+    EXPECT_EQ(clicked(one().second), "second");
+    EXPECT_EQ(clicked(one().second), "second");
+    EXPECT_EQ(one().first.value(), 0);
+    EXPECT_FALSE(static_cast<QAbstractButton&>(widget(one().first)).isChecked());
+    EXPECT_TRUE(static_cast<QAbstractButton&>(widget(one().second)).isChecked());
+    EXPECT_EQ(clicked(one().box), "box");
+    EXPECT_EQ(struck(Qt::Key_Space, " "), "box");
+    EXPECT_EQ(one().box.value(), 1);
+    one().slider.setFocus();
+    EXPECT_EQ(struck(Qt::Key_Right), "slider One.up");
+    EXPECT_EQ(one().slider.value(), 6);
+    for (int i = 0; i < 2; ++i)
+        EXPECT_EQ(clicked(widget(one().list), {20, 5}), "list");
+    EXPECT_EQ(struck(Qt::Key_Down), "list One.up");
+    EXPECT_EQ(one().list.selected(), 1);
+}
+
+TEST_F(RahmenQt, APastedTextPassesTheFilterOfItsBox) {
+    shown({L"One"});
+    one().code.setFocus();
+    QGuiApplication::clipboard()->setText(QStringLiteral("7x2ü9\n4"));
+    EXPECT_EQ(struck(Qt::Key_V, "\x16", Qt::ControlModifier), "key key key key key key code");
+    EXPECT_EQ(one().code.text(), L"7294");
+    diary.on["key"] = [this] { runtime.unload(L"One"); };
+    EXPECT_EQ(struck(Qt::Key_V, "\x16", Qt::ControlModifier), "key One.unload Frame.up")
+        << "and the form is gone";
 }
 
 } // namespace

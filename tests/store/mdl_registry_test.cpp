@@ -31,6 +31,11 @@ TEST_F(Registrierung, EachKindOfValueIsWrittenAsItsTypeAndComesBack) {
     EXPECT_EQ(RegistrySchluesselDa(registry, Maschine, Programmschlüssel), RegistryStatus::success);
     EXPECT_EQ(RegistryText(registry, L"Pin"), L"8ß15");
     EXPECT_EQ(RegistryText(registry, L"pin"), L"8ß15");
+    // Neither another hive nor another key has it.
+    Wert fremd;
+    EXPECT_NE(RegistryLesen(registry, Maschine - 1, Programmschlüssel, L"Pin", fremd),
+              RegistryStatus::success);
+    EXPECT_NE(RegistryLesen(registry, Maschine, L"Software", L"Pin", fremd), RegistryStatus::success);
 
     schreiben(L"Kurz", std::int16_t{-2});
     schreiben(L"Lang", std::int32_t{70000});
@@ -51,6 +56,24 @@ TEST_F(Registrierung, StoredBytesComeWithTheirTerminatorAndAMissingValueLeavesTh
     EXPECT_EQ(RegistryLesen(registry, Maschine, Programmschlüssel, L"Fehlt", ziel),
               RegistryStatus::fileNotFound);
     EXPECT_EQ(ziel, Wert{std::int16_t{7}});
+}
+
+TEST(Registrierungsgriffe, EachIsGivenBackAndTheLastCloseIsTheStatusOfAWrite) {
+    MemoryRegistry registry;
+    registry.keyThere = false;
+    EXPECT_EQ(RegistryText(registry, L"Pin"), L"");
+    const auto schreiben = [&] {
+        return RegistrySchreiben(registry, Maschine, Programmschlüssel, L"Pin", L"8ß15", true, true);
+    };
+    EXPECT_EQ(schreiben(), RegistryStatus::success);
+    EXPECT_EQ(schreiben(), RegistryStatus::success);
+    EXPECT_EQ(RegistryText(registry, L"Pin"), L"8ß15");
+    EXPECT_EQ(RegistryText(registry, L"Fehlt"), L"");
+    EXPECT_EQ(registry.openHandles, 0);
+    registry.closing = RegistryStatus::accessDenied;
+    EXPECT_EQ(schreiben(), RegistryStatus::accessDenied);
+    registry.refuseWrite = true;
+    EXPECT_EQ(schreiben(), RegistryStatus::accessDenied);
 }
 
 } // namespace
