@@ -307,7 +307,7 @@ TEST(RtfReading, TheEdgesOfBlocksAreNotSeenAndAFailingSourceGivesNothing) {
                     bytes.substr(std::min(static_cast<std::size_t>(offset), bytes.size()), size));
             });
         };
-        for (const std::size_t size : {1, 2, 3, 7})
+        for (const std::size_t size : {1U, 2U, 3U, 7U})
             EXPECT_EQ(inPieces(size).document, read(bytes)) << size;
         const auto [document, outcome] = readRtf([&bytes](std::int64_t offset, std::size_t) {
             return offset == 0 ? std::optional(bytes.substr(0, 9)) : std::nullopt;
