@@ -205,6 +205,7 @@ TEST_F(Einzeiler, LongTextsAreCutAndShortOnesLeaveTheirEnterCellOpen) {
     EXPECT_EQ(b.caption(L"lblErfolg"), L"0 / 5");
     b.user.type(L"\r");
     EXPECT_EQ(b.caption(L"lblErfolg"), L"1 / 5");
+    EXPECT_EQ(b.control<Label>(L"lblPosU", 56).back(), colors::white);
 
     Bühne kurz;
     kurz.öffnen(L"Tastatur1");
@@ -241,6 +242,7 @@ TEST_F(Einzeiler, KeyAndFingerOfTheNextCharacterLight) {
     b.user.type(L"\"");
     EXPECT_EQ(b.clock.seconds(), vorher);
     EXPECT_EQ(finger(), std::vector{10});
+    EXPECT_EQ(zeichen.left(), 9945);
     b.user.type(L"_");
     EXPECT_EQ(finger(), (std::vector{5, 6}));
     EXPECT_EQ(zeichen.left(), 6720 + 180 - 330);
@@ -295,7 +297,10 @@ TEST_F(Einzeiler, LeavingKeepsAccuracyAndNothingElse) {
 
 TEST_F(Einzeiler, TheMarkOfTheCurrentColumnBlinks) {
     öffnen();
+    b.user.pass(200);
+    EXPECT_EQ(b.control<Label>(L"lblPosU", 1).back(), colors::black);
     b.user.type(L"f");
+    EXPECT_EQ(b.control<Label>(L"lblPosU", 1).back(), colors::white);
     EXPECT_EQ(b.control<Label>(L"lblPosU", 2).back(), colors::black);
     b.user.pass(200);
     EXPECT_EQ(b.control<Label>(L"lblPosU", 2).back(), colors::panel);

@@ -61,6 +61,8 @@ TEST_F(Titelseite, WalksThroughAllItsStates) {
     stand(L"frmKlasse", false, true, 0);
     b.user.click(L"cmdInfo");
     stand(L"frmInfo", false, false, 0);
+    b.user.click(L"Label4", 0);
+    EXPECT_EQ(b.shell.opened, std::vector{L"https://" + b.caption(L"Label4", 0) + L"/"});
     b.user.click(L"cmdInfoOk");
     stand(L"frmKlasse", false, true, 0);
     b.user.click(L"imgEnde");
@@ -71,7 +73,7 @@ TEST_F(Titelseite, WalksThroughAllItsStates) {
     b.user.click(L"cmdJa");
     EXPECT_TRUE(b.backend.quitAsked);
     EXPECT_FALSE(b.runtime.active() && b.runtime.active()->name() == L"Lern1");
-    EXPECT_EQ(b.sound.played, std::vector<std::wstring>(13, L"knopf.wav"));
+    EXPECT_EQ(b.sound.played, std::vector<std::wstring>(14, L"knopf.wav"));
 }
 
 TEST_F(Titelseite, TenClassesScrollUntilTheLastStandsAlone) {
