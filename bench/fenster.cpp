@@ -57,6 +57,7 @@ public:
     std::unique_ptr<FormView> makeView(Form& form) override { return echt_.makeView(form); }
     Answer showMessage(const Message& message) override { return echt_.showMessage(message); }
     void wait(int) override {}
+    void work(const std::function<void()>& job) override { job(); }
     void timersChanged() override { echt_.timersChanged(); }
     Rect screen() const override { return echt_.screen(); }
     void quit() override { echt_.quit(); }

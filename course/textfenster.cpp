@@ -6,6 +6,24 @@ namespace {
 constexpr wchar_t zeilenvorschub = 10;
 constexpr std::wstring_view zeilenendmarke = L"l";
 
+/// Lines of text that the window shows; there is no room for more above the foot of the forms.
+constexpr int zeilenzahl = 4;
+constexpr int fensterbreite = 10830;
+constexpr int fensteroberkante = 6195;
+/// The black frame around the window.
+constexpr int rahmendicke = 30;
+/// What the window leaves free right of the right margin and below the lower one.
+constexpr int freirand = 120;
+/// The pattern of a cell: the text begins right of it, its first line at this height.
+constexpr Rect musterplatz{0, 105, 165, 330};
+
+constexpr int rechterRand = fensterbreite - freirand;
+/// One pixel below the last line.
+constexpr int untererRand = musterplatz.bottom() +
+                            (zeilenzahl - 1) * (musterplatz.height + Textfenster::Zeilenabstand) +
+                            twipsPerPixel;
+constexpr int fensterhöhe = untererRand + freirand;
+
 KeyHandlers tasten(Tastaturbild& bild, Tastensperre& sperre, std::function<void(const KeyPress&)> zeichen) {
     return {.down =
                 [&](const KeyDown& taste) {
@@ -21,21 +39,20 @@ KeyHandlers tasten(Tastaturbild& bild, Tastensperre& sperre, std::function<void(
 Textfenster::Textfenster(Form& form, Tastaturbild& bild, Tastensperre& sperre, int links,
                          std::function<void(const KeyPress&)> zeichen)
     : bild_(bild)
-    , lblFärbung(form, L"lblFärbung", {links - 30, 6165, 10890, 1650}, {.back = colors::black}, 1)
-    , Picture1(form, L"Picture1", {links, 6195, 10830, 1590},
+    , lblFärbung(form, L"lblFärbung",
+                 Rect{links, fensteroberkante, fensterbreite, fensterhöhe}.grown(rahmendicke),
+                 {.back = colors::black}, 1)
+    , Picture1(form, L"Picture1", {links, fensteroberkante, fensterbreite, fensterhöhe},
                {.toolTip = L"", .keys = tasten(bild, sperre, std::move(zeichen))})
     , Text1(form, L"Text1", {0, 0, 600, 300}, {.visible = false})
     , lbl(
-          Picture1, L"lbl", 0, 0,
-          [](int) {
-              return Rect{0, 105, 165, 330};
-          },
+          Picture1, L"lbl", 0, 0, [](int) { return musterplatz; },
           LabelLook{.caption = L" ",
                     .font = {courier, 14.25, true},
                     .back = colors::white,
                     .autoSize = true,
                     .visible = false})
-    , shpBegrenzung(Picture1, L"shpBegrenzung", {10710, 1470, 75, 75}, {.visible = false}) {}
+    , shpBegrenzung(Picture1, L"shpBegrenzung", {rechterRand, untererRand, 75, 75}, {.visible = false}) {}
 
 void Textfenster::Übernehmen() {
     lbl.removeFrom(1);

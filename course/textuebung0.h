@@ -54,7 +54,7 @@ private:
     Label LblBib{*this,
                  L"LblBib",
                  {105, 0, 1650, 330},
-                 {.font = {courier, 14.25, true}, .align = Align::left, .autoSize = true},
+                 {.font = {courier, 14.25, true}, .mostWidth = 3045, .wrap = false},
                  2};
     Label Label1_1{*this, L"Label1", {3255, 0, 2880, 240}, angabe(L"Getippte Texte insgesamt"), 1};
     Label lblRichtig{*this, L"lblRichtig", {4725, 210, 135, 240}, zähler()};
@@ -68,13 +68,13 @@ private:
                    {6780, 210, 750, 210},
                    {.caption = L"aktuell", .font = {courier, 8.25}, .wrap = false},
                    4};
-    Label lblAnschläge{*this, L"lblAnschläge", {7560, 210, 375, 240}, zähler()};
+    Label lblAnschläge{*this, L"lblAnschläge", {7560, 210, 375, 240}, zähler(435)};
     Label Label1_5{*this,
                    L"Label1",
                    {8085, 210, 1065, 210},
                    {.caption = L"durchschn.", .font = {courier, 8.25}, .wrap = false},
                    5};
-    Label lblAnschlägeDurchschnitt{*this, L"lblAnschlägeDurchschnitt", {9135, 210, 375, 240}, zähler()};
+    Label lblAnschlägeDurchschnitt{*this, L"lblAnschlägeDurchschnitt", {9135, 210, 375, 240}, zähler(375)};
     Label Label1_2{*this, L"Label1", {10125, 0, 495, 240}, angabe(L"Zeit"), 2};
     Label lblZeit{*this, L"lblZeit", {10290, 210, 135, 240}, zähler()};
     Label Label1_0{*this, L"Label1", {11160, 0, 720, 240}, angabe(L"Fehler"), 0};

@@ -29,7 +29,10 @@ void frmStart::Form_Activate() {
     }
     global.Programmpfad = dienste.shell.programFolder() + L"\\";
     global.Datenpfad = DatenablageLesen(dienste);
-    if (!zulässigeDatenablage(dienste.files, global.Datenpfad)) {
+    // Where the folder lies on a slow server, the splash is seen meanwhile.
+    bool zulässig = false;
+    ablauf.work([&] { zulässig = zulässigeDatenablage(dienste.files, global.Datenpfad); });
+    if (!zulässig) {
         datenablageAblehnen(umgebung_, L"eingestellte", global.Datenpfad);
         ablauf.unload(*this);
         ablauf.unload(formname::frmTemp);
@@ -45,7 +48,9 @@ void frmStart::Form_Activate() {
 
 bool frmStart::LZF75Test() {
     const std::wstring& Datenpfad = umgebung_.global.Datenpfad;
-    if (schreibprobe(umgebung_.dateien(), Datenpfad))
+    bool geschrieben = false;
+    runtime().work([&] { geschrieben = schreibprobe(umgebung_.dateien(), Datenpfad); });
+    if (geschrieben)
         return true;
     runtime().message(
         {.text = L"Schreibrecht für Datenablage nicht gegeben!\n\nDer momentan angemeldete Windows-Benutzer "

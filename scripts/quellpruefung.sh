@@ -2,24 +2,37 @@
 # What the compiler does not see: the format of the sources, that the toolkit stays in its room, and which room may look into which.
 set -eu
 cd "$(dirname "$0")/.."
+for werkzeug in git clang-format; do
+    command -v $werkzeug >/dev/null || { echo "$werkzeug is missing." >&2; exit 1; }
+done
 fehler=0
 quellen=$(git ls-files -c -o --exclude-standard -- '*.cpp' '*.h')
+[ -n "$quellen" ] || { echo "No sources found." >&2; exit 1; }
 # shellcheck disable=SC2086
 clang-format --dry-run --Werror $quellen || fehler=1
-if git grep -nE '#include <Q' -- '*.cpp' '*.h' ':!platform/qt' ':!tools' ':!tests/fenster' ':!bench'; then
-    echo "Qt outside platform/qt and tools." >&2
-    fehler=1
-fi
+
+# verboten MUSTER WAS PFAD...: no source under these paths, new ones included, has a line like that.
+verboten() {
+    muster=$1
+    was=$2
+    shift 2
+    gefunden=0
+    git grep --untracked -nE "$muster" -- "$@" || gefunden=$?
+    case $gefunden in
+    0) echo "$was" >&2; fehler=1 ;;
+    1) ;;
+    *) echo "git grep failed." >&2; exit 1 ;;
+    esac
+}
+verboten '#include [<"]Q' "Qt outside platform/qt and tools." '*.cpp' '*.h' ':!platform/qt' ':!tools' ':!tests/fenster' ':!bench'
+verboten '#include "\.' "Names in #include start at the root." '*.cpp' '*.h'
+verboten '#include "(tests|tools|bench|fuzz)/' "The program looks into what is not part of it." '*.cpp' '*.h' ':!tests' ':!tools' ':!bench' ':!fuzz'
 
 # darf RAUM VERBOTEN...: no file of the room includes one of these.
 darf() {
     raum=$1
     shift
-    verboten=$(IFS='|'; echo "$*")
-    if git grep -nE "#include \"($verboten)/" -- "$raum"; then
-        echo "$raum looks into a room that it must not know." >&2
-        fehler=1
-    fi
+    verboten "#include \"($(IFS='|'; echo "$*"))/" "$raum looks into a room that it must not know." "$raum"
 }
 darf platform store screens front course games teacher
 darf store screens front course games teacher

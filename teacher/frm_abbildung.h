@@ -22,8 +22,10 @@ private:
 
     Umgebung umgebung_;
 
-    Picture imgAbbildung{
-        *this, L"imgAbbildung", {0, 0, 10770, 5520}, {.spoken = L"Tastatur mit den Tasten der Lektion"}};
+    Picture imgAbbildung{*this,
+                         L"imgAbbildung",
+                         {0, 0, 10770, 5520},
+                         {.stretch = false, .spoken = L"Tastatur mit den Tasten der Lektion"}};
     Frame frmArchiv{*this, L"frmArchiv", {105, 5250, 10605, 870}, {.back = colors::white}};
     Label lblArchivKopf{
         frmArchiv,

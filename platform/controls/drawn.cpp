@@ -7,7 +7,8 @@
 namespace klopfmeise {
 
 Label::Label(Container& parent, std::wstring_view name, const Rect& place, Look look, int index)
-    : TypedControl(Kind::label, parent, name, place, std::move(look), index) {
+    : TypedControl(Kind::label, parent, name, place, std::move(look), index)
+    , leastWidth_(place.width) {
     fit();
 }
 
@@ -20,7 +21,8 @@ LabelLook hidden(LabelLook look) {
 
 Label::Label(const Label& pattern, int index)
     : TypedControl(Kind::label, pattern.parent(), pattern.name(), pattern.place(), hidden(pattern.look()),
-                   index) {}
+                   index)
+    , leastWidth_(pattern.leastWidth_) {}
 
 void Label::setCaption(std::wstring caption) {
     if (put(&Look::caption, std::move(caption)))
@@ -38,14 +40,29 @@ void Label::setFontName(std::wstring_view name) {
     setFont(font);
 }
 
+Font Label::shownFont() const {
+    // Below this nobody can read it.
+    constexpr double leastPoints = 6;
+    constexpr double step = 0.75;
+    Font shown = font();
+    while (look().mostWidth > 0 && shown.points > leastPoints &&
+           sizeOf(caption(), shown).width > look().mostWidth)
+        shown.points -= step;
+    return shown;
+}
+
 void Label::fit() {
+    if (look().mostWidth > 0) {
+        const int wanted = std::min(sizeOf(caption(), shownFont()).width, look().mostWidth);
+        const int wider = std::max(leastWidth_, wanted) - width();
+        setPlace({left() - (align() == Align::center ? wider / 2 : 0), top(), width() + wider, height()});
+    }
     if (!autoSize())
         return;
     // Without a caption it keeps the place of one character, so that what follows it in a line stays in its
     // column.
     const TextSize size = sizeOf(caption().empty() ? L" " : std::wstring_view(caption()), font());
-    const int shift = align() == Align::center ? (size.width - width()) / 2 : 0;
-    setPlace({left() - shift, top(), size.width, size.height});
+    setPlace({left(), top(), size.width, size.height});
 }
 
 Picture::Picture(Container& parent, std::wstring_view name, const Rect& place, Look look, int index)

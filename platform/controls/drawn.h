@@ -17,8 +17,11 @@ struct LabelLook {
     std::optional<Color> back = {};
     Align align = Align::left;
     bool border = false;
-    /// Takes the size of its caption at once; a centred label grows about its middle.
+    /// Takes the size of its caption at once.
     bool autoSize = false;
+    /// Above 0: a caption that does not fit makes the label wider, up to so many twips, a centred one about
+    /// its middle; one that does not fit then either is set in smaller type.
+    int mostWidth = 0;
     bool wrap = true;
     bool visible = true;
     Pointer pointer = Pointer::normal;
@@ -39,6 +42,8 @@ public:
     const std::wstring& caption() const { return look().caption; }
     void setCaption(std::wstring caption);
     const Font& font() const { return look().font; }
+    /// The font in which the caption is drawn: smaller where it would not fit.
+    Font shownFont() const;
     void setFont(const Font& font);
     void setFontName(std::wstring_view name);
     Color fore() const { return look().fore; }
@@ -54,6 +59,9 @@ public:
 
 private:
     void fit();
+
+    /// The width it was made with.
+    int leastWidth_;
 };
 
 /// Where a picture comes from: a name of the program's own drawings, or a file of the data folder.
@@ -68,6 +76,8 @@ struct PictureSource {
 struct PictureLook {
     /// Name of one of the program's own drawings.
     std::wstring picture = {};
+    /// False: a file keeps its own size, a pixel of it an unzoomed pixel, and is cut at the picture's place.
+    bool stretch = true;
     bool border = false;
     bool visible = true;
     Pointer pointer = Pointer::normal;
@@ -79,7 +89,7 @@ struct PictureLook {
     Handler mouseMove = {};
 };
 
-/// A picture stretched to its place. One that is missing leaves the place empty.
+/// A picture stretched to its place, or in its own size. One that is missing leaves the place empty.
 class Picture final : public TypedControl<PictureLook> {
 public:
     Picture(Container& parent, std::wstring_view name, const Rect& place, Look look = {},
@@ -93,6 +103,7 @@ public:
     /// Shows a file of the data folder; it is read when it is next painted, and again at each call.
     void loadFile(const std::wstring& path) { setPicture({path, true}); }
     void clear() { setPicture({}); }
+    bool stretch() const { return look().stretch; }
     bool border() const { return look().border; }
     void setBorder(bool border) { put(&Look::border, border); }
 

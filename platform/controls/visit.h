@@ -18,6 +18,9 @@ template <class... Functions>
 struct Overloaded : Functions... {
     using Functions::operator()...;
 };
+// Clang before 17 does not deduce it by itself.
+template <class... Functions>
+Overloaded(Functions...) -> Overloaded<Functions...>;
 
 /// Calls `function` with the control as what it is. The one place where a kind becomes a type.
 template <class Function>

@@ -3,6 +3,7 @@
 #include "platform/forms/form_view.h"
 #include "platform/values/geometry.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -31,6 +32,9 @@ public:
     /// Lets `milliseconds` pass with nothing served. Keys and clicks that come meanwhile arrive afterwards,
     /// in order; of the repeats of a held key one is kept.
     virtual void wait(int milliseconds) = 0;
+    /// Runs a job that may take long (a slow network folder) to its end. The screen is painted meanwhile, but
+    /// as in a wait nothing is served. The job must not touch forms or controls.
+    virtual void work(const std::function<void()>& job) = 0;
     /// The next tick of a timer is due at another time than before.
     virtual void timersChanged() = 0;
     /// Size of the screen in unzoomed twips.

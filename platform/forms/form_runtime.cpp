@@ -63,6 +63,9 @@ Form* FormRuntime::load(std::wstring_view name) {
         if (Form* form = loaded(name); form || !frameOf(*made))
             return form;
     }
+    // A child that comes while its frame unloads would outlive it.
+    if (const Form* frame = frameOf(*made); frame && frame->unloading_)
+        return nullptr;
     // Behind the active form, so that unloading another one does not bring a form to the front that was never
     // shown.
     Form* form = forms_.insert(forms_.begin(), std::move(made))->get();
@@ -190,6 +193,8 @@ void FormRuntime::wait(int milliseconds) {
     if (!ended_)
         backend_.wait(milliseconds);
 }
+
+void FormRuntime::work(const std::function<void()>& job) { backend_.work(job); }
 
 void FormRuntime::dispatch(Form& form, const std::function<void()>& handler) {
     if (form.unloaded_ || ended_)

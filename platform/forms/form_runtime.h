@@ -57,6 +57,8 @@ public:
     Answer message(const Message& message);
     /// Lets time pass with nothing served (ms).
     void wait(int milliseconds);
+    /// Runs a job that may take long while the screen can be painted; it must not touch forms or controls.
+    void work(const std::function<void()>& job);
 
     Services& services() { return services_; }
     Backend& backend() { return backend_; }

@@ -19,6 +19,7 @@ public:
     std::unique_ptr<FormView> makeView(Form& form) override;
     Answer showMessage(const Message& message) override;
     void wait(int milliseconds) override;
+    void work(const std::function<void()>& job) override { job(); }
     void timersChanged() override {}
     Rect screen() const override { return {0, 0, 12000, 9000}; }
     void quit() override { quitAsked = true; }

@@ -110,7 +110,10 @@ void HeadlessUser::strike(int code) { press({.codes = {code}, .text = {}}, true,
 void HeadlessUser::paste(std::wstring_view text) {
     Form* form = runtime_.active();
     if (Control* focus = form ? form->focus() : nullptr)
-        insertInto(*focus, router_.pasted(*focus, text));
+        enter({}, [this, form, focus, pasted = std::wstring(text)] {
+            router_.tell(*form,
+                         [this, focus, pasted] { insertInto(*focus, router_.pasted(*focus, pasted)); });
+        });
 }
 
 void HeadlessUser::click(Control& control, MouseButton button) {
@@ -181,7 +184,7 @@ void HeadlessUser::hover(Control& control) {
 
 void HeadlessUser::choose(Form& form, std::wstring_view item) {
     const MenuItem* found = findItem(form.look().menu, item);
-    if (!found)
+    if (!found || !found->click)
         throw std::logic_error("no such entry in the menu");
     enter({}, [this, &form, handler = found->click] { router_.tell(form, handler); });
 }

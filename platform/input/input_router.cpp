@@ -15,23 +15,23 @@ namespace {
 constexpr wchar_t deleteSign = 127;
 constexpr wchar_t firstPrintable = 32;
 
-/// The characters that a key filter lets pass. A filter knows the 8-bit code page only, so nothing else does.
-std::wstring filtered(const KeyHandlers& handlers, std::wstring_view text) {
+} // namespace
+
+std::wstring InputRouter::filtered(Form& form, const KeyHandlers& handlers, std::wstring_view text) {
+    const auto life = form.life();
     std::wstring left;
     for (const wchar_t character : text) {
         KeyPress press{toWindows1252(character), character};
         if (handlers.press && character != deleteSign) {
-            if (press.code < 0)
+            if (press.code < 0 || life.expired())
                 continue;
-            handlers.press(press);
+            runtime_.dispatch(form, [&] { handlers.press(press); });
         }
         if (!press.swallowed)
             left += character;
     }
     return left;
 }
-
-} // namespace
 
 void InputRouter::keyPress(Form& form, const Key& key, const Widget& widget) {
     if (!form.enabled())
@@ -45,7 +45,7 @@ void InputRouter::keyPress(Form& form, const Key& key, const Widget& widget) {
             runtime_.dispatch(form, [&] { handlers.down({key.codes}); });
         std::wstring left;
         if (!life.expired())
-            runtime_.dispatch(form, [&] { left = filtered(handlers, key.text); });
+            left = filtered(form, handlers, key.text);
         if (!life.expired() && (key.text.empty() || !left.empty()))
             widget(left);
         return;
@@ -81,10 +81,9 @@ void InputRouter::keyRelease(Form& form, const Key& key, const Widget& widget) {
 std::wstring InputRouter::pasted(Control& box, std::wstring_view text) {
     std::wstring left(text);
     std::erase_if(left, [](wchar_t c) { return c < firstPrintable || c == deleteSign; });
-    if (box.keys())
-        runtime_.dispatch(formOf(box),
-                          [&, handlers = box.keys()] { left = filtered(handlers, std::wstring(left)); });
-    return left;
+    // The handlers may unload the form and with it the box.
+    const KeyHandlers handlers = box.keys();
+    return filtered(formOf(box), handlers, left);
 }
 
 void InputRouter::tell(Form& form, std::function<void()> handler) {

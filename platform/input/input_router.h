@@ -33,6 +33,7 @@ public:
     void keyPress(Form& form, const Key& key, const Widget& widget);
     void keyRelease(Form& form, const Key& key, const Widget& widget);
     /// What of a pasted text gets into a box: no control characters, and only what its key filter lets pass.
+    /// To be called from a reaction of the form, as the filter may unload it.
     std::wstring pasted(Control& box, std::wstring_view text);
 
     /// The mouse at a point of a container (twips): the uppermost drawn control there hears of it, or the
@@ -51,6 +52,10 @@ public:
     void tell(Form& form, std::function<void()> handler);
 
 private:
+    /// The characters that a key filter lets pass. A filter knows the 8-bit code page only, so nothing else
+    /// does.
+    std::wstring filtered(Form& form, const KeyHandlers& handlers, std::wstring_view text);
+
     FormRuntime& runtime_;
     InputLine& line_;
     const Control* pressed_ = nullptr;

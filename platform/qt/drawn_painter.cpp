@@ -23,14 +23,15 @@ void paint(const Canvas& canvas, const Label& label) {
         canvas.painter.fillRect(place, toQt(*label.back()));
     canvas.texts.draw(
         canvas.painter, canvas.scale, label.place(), label.caption(),
-        {.font = label.font(), .color = label.fore(), .align = label.align(), .wrap = label.wrap()});
+        {.font = label.shownFont(), .color = label.fore(), .align = label.align(), .wrap = label.wrap()});
     if (label.border())
         paintInnerLine(canvas.painter, place, thickness(canvas.scale, 1), toQt(look::ink));
 }
 
 void paint(const Canvas& canvas, const Picture& picture) {
     const QRect place = canvas.scale.device(picture.place());
-    paintPicture(canvas, place, &picture, picture.picture(), picture.revision());
+    paintPicture(canvas, place, &picture, picture.picture(), picture.revision(),
+                 picture.stretch() ? 0 : canvas.scale.zoom);
     if (picture.border())
         paintInnerLine(canvas.painter, place, thickness(canvas.scale, 3), toQt(look::ink));
 }
@@ -117,8 +118,9 @@ void paintDrawn(const Canvas& canvas, const Container& container, const Rect& di
 }
 
 void paintPicture(const Canvas& canvas, const QRect& place, const void* owner, const PictureSource& source,
-                  int revision) {
-    if (const Image image = canvas.pictures.picture(owner, source, revision, place.size(), canvas.files))
+                  int revision, double ownSizeZoom) {
+    if (const Image image =
+            canvas.pictures.picture(owner, source, revision, place.size(), ownSizeZoom, canvas.files))
         canvas.painter.drawImage(place.topLeft(), *image);
 }
 

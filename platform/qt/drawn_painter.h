@@ -28,7 +28,7 @@ void countDevicePixels(QPainter& painter, const QWidget& widget, const QPoint& c
 /// Paints the drawn controls of `container` that touch `dirty` (twips), lowest first.
 void paintDrawn(const Canvas& canvas, const Container& container, const Rect& dirty);
 void paintPicture(const Canvas& canvas, const QRect& place, const void* owner, const PictureSource& source,
-                  int revision = 0);
+                  int revision = 0, double ownSizeZoom = 0);
 /// A line of `width` device pixels along the inside of `place`.
 void paintInnerLine(QPainter& painter, const QRect& place, int width, const QColor& color);
 

@@ -7,8 +7,10 @@
 #include "platform/qt/stage.h"
 
 #include <QCloseEvent>
+#include <QIcon>
 #include <QMdiArea>
 #include <QMenuBar>
+#include <QPixmap>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -17,6 +19,12 @@
 namespace klopfmeise {
 
 namespace {
+
+QIcon programIcon(Desk& desk) {
+    constexpr QSize size(64, 64);
+    const Image image = desk.pictures.drawing(L"programm", size);
+    return image ? QIcon(QPixmap::fromImage(*image)) : QIcon();
+}
 
 QString menuText(const std::wstring& caption) { return toQt(caption).replace(u'&', QStringLiteral("&&")); }
 
@@ -43,6 +51,7 @@ FrameWindow::FrameWindow(QtFormView& view)
     setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                    Qt::WindowCloseButtonHint);
     setAttribute(Qt::WA_InputMethodEnabled, false);
+    setWindowIcon(programIcon(view.desk()));
     auto* inside = new QWidget;
     rows_ = new QVBoxLayout(inside);
     rows_->setContentsMargins(0, 0, 0, 0);
@@ -55,9 +64,17 @@ FrameWindow::FrameWindow(QtFormView& view)
     buildMenu();
     connect(area_, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow* window) {
         if (auto* child = dynamic_cast<ChildWindow*>(window))
-            view_.router().tell(child->view().form(),
-                                [&form = child->view().form()] { form.runtime().windowActivated(form); });
+            view_.router().tell(child->view().form(), [this, child] { childActivated(*child); });
     });
+}
+
+void FrameWindow::childActivated(ChildWindow& child) {
+    // The area tells of what the program does too, and of what another one has followed meanwhile. Under a
+    // window over the frame nobody activates a child but the program.
+    const Form* active = view_.form().runtime().active();
+    const bool here = active == &view_.form() || (active && active == view_.form().activeChild());
+    if (here && area_->activeSubWindow() == &child)
+        active->runtime().windowActivated(child.view().form());
 }
 
 void FrameWindow::buildMenu() {
@@ -125,6 +142,7 @@ ChildWindow::ChildWindow(QtFormView& view, QWidget* parent)
     setObjectName(toQt(view.form().name()) + QStringLiteral("_child"));
     setWindowFlags(Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                    Qt::WindowCloseButtonHint);
+    setWindowIcon(programIcon(view.desk()));
     // The toolkit's own menu speaks another language.
     setSystemMenu(nullptr);
     setAttribute(Qt::WA_DeleteOnClose, false);

@@ -10,6 +10,7 @@ class QVBoxLayout;
 
 namespace klopfmeise {
 
+class ChildWindow;
 class QtFormView;
 
 /// The window of a frame: its menu bar, the controls of the frame itself docked below it, and the area of the
@@ -33,6 +34,8 @@ protected:
 
 private:
     void buildMenu();
+    /// The area made a child the active one.
+    void childActivated(ChildWindow& child);
 
     QtFormView& view_;
     QVBoxLayout* rows_ = nullptr;

@@ -4,6 +4,7 @@
 #include <QEventLoop>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QThread>
 #include <QTimer>
 
 #include <algorithm>
@@ -89,6 +90,18 @@ void InputQueue::takeInFor(int milliseconds) {
     QEventLoop loop;
     QTimer::singleShot(std::max(0, milliseconds), Qt::PreciseTimer, &loop, [&loop] { loop.quit(); });
     loop.exec();
+    takingIn_ = false;
+    serveLater();
+}
+
+void InputQueue::takeInDuring(const std::function<void()>& job) {
+    takingIn_ = true;
+    QEventLoop loop;
+    const std::unique_ptr<QThread> thread(QThread::create(job));
+    QObject::connect(thread.get(), &QThread::finished, &loop, [&loop] { loop.quit(); });
+    thread->start();
+    loop.exec();
+    thread->wait();
     takingIn_ = false;
     serveLater();
 }

@@ -29,6 +29,8 @@ public:
     void serveLater();
     /// Lets `milliseconds` pass in an event loop of its own and serves nothing of what comes.
     void takeInFor(int milliseconds);
+    /// The same for as long as a job takes that runs on a thread of its own.
+    void takeInDuring(const std::function<void()>& job);
     bool takingIn() const { return takingIn_; }
 
     bool eventFilter(QObject* window, QEvent* event) override;

@@ -57,7 +57,8 @@ Image rendered(const std::wstring& name, const QSize& size) {
     return finished(std::move(image));
 }
 
-Image read(const std::wstring& path, const QSize& size, Files& files) {
+/// With a zoom the picture keeps its own size, in unzoomed pixels, and what lies beyond `size` is cut off.
+Image read(const std::wstring& path, const QSize& size, double ownSizeZoom, Files& files) {
     const auto bytes = files.readAll(path, longestPictureFile);
     if (!bytes)
         return {};
@@ -65,9 +66,14 @@ Image read(const std::wstring& path, const QSize& size, Files& files) {
         QImage::fromData(reinterpret_cast<const uchar*>(bytes->data()), static_cast<int>(bytes->size()));
     if (image.isNull())
         return {};
-    if (image.size() != size)
-        image = image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    return finished(std::move(image));
+    const QSize wanted = ownSizeZoom > 0 ? (QSizeF(image.size()) * ownSizeZoom).toSize() : size;
+    if (image.size() != wanted) {
+        // Pictures with a palette are not averaged.
+        image.convertTo(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
+        image = image.scaled(wanted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    }
+    const QRect shown = image.rect() & QRect(QPoint(), size);
+    return finished(shown == image.rect() ? std::move(image) : image.copy(shown));
 }
 
 } // namespace
@@ -109,18 +115,19 @@ void PictureCache::trim() {
 }
 
 Image HeldPictures::picture(const void* owner, const PictureSource& source, int revision, const QSize& size,
-                            Files& files) {
+                            double ownSizeZoom, Files& files) {
     if (source.empty() || size.isEmpty()) {
         held_.erase(owner);
         return {};
     }
     const auto found = held_.find(owner);
     if (found != held_.end() && found->second.source == source && found->second.revision == revision &&
-        found->second.size == size)
+        found->second.size == size && found->second.ownSizeZoom == ownSizeZoom)
         return found->second.image;
     held_.erase(owner);
-    Image image = source.file ? read(source.name, size, files) : cache_.drawing(source.name, size);
-    held_.insert_or_assign(owner, Held{source, revision, size, image});
+    Image image =
+        source.file ? read(source.name, size, ownSizeZoom, files) : cache_.drawing(source.name, size);
+    held_.insert_or_assign(owner, Held{source, revision, size, ownSizeZoom, image});
     return image;
 }
 

@@ -53,9 +53,10 @@ public:
     explicit HeldPictures(PictureCache& cache)
         : cache_(cache) {}
 
-    /// `owner` is the control or form that shows it; `revision` counts how often a file was set.
+    /// `owner` is the control or form that shows it; `revision` counts how often a file was set. A file with
+    /// an `ownSizeZoom` above 0 is not stretched to `size`: its pixels are unzoomed ones at that zoom.
     Image picture(const void* owner, const PictureSource& source, int revision, const QSize& size,
-                  Files& files);
+                  double ownSizeZoom, Files& files);
     void forget(const void* owner) { held_.erase(owner); }
     void clear() {
         held_.clear();
@@ -67,6 +68,7 @@ private:
         PictureSource source;
         int revision = 0;
         QSize size;
+        double ownSizeZoom = 0;
         Image image;
     };
 

@@ -117,6 +117,8 @@ Answer QtBackend::showMessage(const Message& message) {
 
 void QtBackend::wait(int milliseconds) { desk_.queue.takeInFor(milliseconds); }
 
+void QtBackend::work(const std::function<void()>& job) { desk_.queue.takeInDuring(job); }
+
 Rect QtBackend::screen() const {
     const QSize size = stage_.screen().size();
     const double twips = stage_.ratio() / stage_.zoom() * twipsPerPixel;
@@ -233,14 +235,20 @@ void QtBackend::deliver(QWindow& window, QEvent& event) {
     }
     if (!view->form().enabled())
         return;
+    const bool key = event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease;
+    // An open menu has the keys.
+    if (key && QApplication::activePopupWidget()) {
+        desk_.queue.send(window, event);
+        return;
+    }
     view->syncStale();
     if (const Form* child = view->form().activeChild(); child && child->view()) {
         auto& inner = static_cast<QtFormView&>(*child->view());
         inner.syncStale();
-        if (event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease)
+        if (key)
             view = &inner;
     }
-    if (event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease)
+    if (key)
         deliverKey(*view, window, static_cast<QKeyEvent&>(event));
     else
         desk_.queue.send(window, event);

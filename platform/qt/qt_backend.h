@@ -41,6 +41,7 @@ public:
     std::unique_ptr<FormView> makeView(Form& form) override;
     Answer showMessage(const Message& message) override;
     void wait(int milliseconds) override;
+    void work(const std::function<void()>& job) override;
     void timersChanged() override;
     Rect screen() const override;
     void quit() override;

@@ -8,12 +8,20 @@
 
 #include <QApplication>
 #include <QMdiArea>
+#include <QTimer>
 #include <QWindow>
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace klopfmeise {
+
+namespace {
+using std::chrono_literals::operator""ms;
+/// A start that takes longer shows its splash.
+constexpr auto splashDelay = 300ms;
+} // namespace
 
 QtFormView::QtFormView(Form& form, Desk& desk)
     : form_(form)
@@ -174,13 +182,10 @@ void QtFormView::show() {
     }
     // Start-up is mostly through before the splash could be seen; it opens where something has to be waited
     // for.
-    QMetaObject::invokeMethod(
-        widget_,
-        [this] {
-            if (form_.visible())
-                openWindow();
-        },
-        Qt::QueuedConnection);
+    QTimer::singleShot(splashDelay, widget_, [this] {
+        if (form_.visible())
+            openWindow();
+    });
 }
 
 void QtFormView::openWindow() {
@@ -240,7 +245,10 @@ void QtFormView::activate() {
     // The keys of a frame go to its child window.
     if (!form_.activeChild())
         focusTarget()->setFocus(Qt::OtherFocusReason);
-    if (widget_->window()->windowHandle() != QGuiApplication::focusWindow())
+    // A child that takes the place of another leaves a window that lies over their frame where it is.
+    const Form* active = desk_.runtime->active();
+    if ((active == &form_ || active == form_.activeChild()) &&
+        widget_->window()->windowHandle() != QGuiApplication::focusWindow())
         widget_->activateWindow();
 }
 
@@ -285,7 +293,8 @@ Scale QtFormView::windowScale() const {
         return scale;
     // What a child has beside it in the frame: its distance to the corner, its rim and its title.
     const QSize room = static_cast<const FrameWindow&>(*child_->window()).area().viewport()->size();
-    const QSize rim = child_->sizeHint() - widget_->size();
+    const QMargins margins = child_->contentsMargins();
+    const QSize rim(margins.left() + margins.right(), margins.top() + margins.bottom());
     const Rect whole{0, 0, form_.left() + form.width, form_.top() + form.height};
     if (room.width() > rim.width() && room.height() > rim.height())
         scale.zoom = std::min(scale.zoom, zoomToFit(whole, (room - rim) * scale.ratio));
@@ -305,8 +314,10 @@ void QtFormView::layoutWindow() {
         scale.logical(scale.device({form_.left(), form_.top(), form.width, form.height}), false);
     if (child_) {
         child_->setFixedSize(child_->sizeHint());
-        if (!child_->isVisible())
+        // Where the user has moved it, it stays.
+        if (!child_->isVisible() || child_->pos() == placed_)
             child_->move(placed.topLeft());
+        placed_ = placed.topLeft();
         layout(scale);
         return;
     }
@@ -379,8 +390,15 @@ void QtFormView::arrange() {
             widget->stackUnder(next);
         next = widget;
     }
-    for (std::size_t i = 1; i < controls_.size(); ++i)
-        QWidget::setTabOrder(controls_[i - 1]->widget(), controls_[i]->widget());
+    QWidget* before = nullptr;
+    for (const auto& view : controls_) {
+        // One that takes no focus would break the chain.
+        if (view->widget()->focusPolicy() == Qt::NoFocus)
+            continue;
+        if (before)
+            QWidget::setTabOrder(before, view->widget());
+        before = view->widget();
+    }
 }
 
 ControlView* QtFormView::controlView(const QWidget* widget) const {

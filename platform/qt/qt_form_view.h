@@ -86,6 +86,8 @@ private:
     std::vector<std::unique_ptr<ControlView>> controls_;
     std::map<const Container*, ContainerWidget*> containers_;
     std::vector<Control*> stale_;
+    /// Where a child was put last.
+    QPoint placed_;
     bool flushPosted_ = false;
 };
 

@@ -68,8 +68,11 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override {
+        const QString text = event->text();
         if (event->matches(QKeySequence::Paste))
             paste(QClipboard::Clipboard);
+        else if (!text.isEmpty() && text[0].isPrint() && room() < text.size())
+            event->accept();
         else
             WithoutInputMethod::keyPressEvent(event);
     }
@@ -82,8 +85,18 @@ protected:
 
 private:
     void paste(QClipboard::Mode mode) {
-        if (!isReadOnly())
-            insert(toQt(view_.router().pasted(box_, fromQt(QGuiApplication::clipboard()->text(mode)))));
+        if (isReadOnly())
+            return;
+        // Behind the widget's own event: the filter may unload the form.
+        view_.router().tell(view_.form(), [this, text = fromQt(QGuiApplication::clipboard()->text(mode))] {
+            insert(toQt(view_.router().pasted(box_, text)).left(std::max(0, room())));
+        });
+    }
+    /// How many characters can still be typed; the program may have set more than that.
+    int room() const {
+        if (box_.maxLength() <= 0)
+            return maxLength();
+        return box_.maxLength() - static_cast<int>(text().size() - selectedText().size());
     }
 
     QtFormView& view_;

@@ -38,6 +38,16 @@ private:
     QAbstractSlider& slider_;
 };
 
+/// The toolkit hears clicks on sign and caption only; here the whole place of the control is meant.
+template <class Base>
+class WholePlace final : public Base {
+public:
+    using Base::Base;
+
+protected:
+    bool hitButton(const QPoint& at) const override { return this->rect().contains(at); }
+};
+
 class CheckView final : public ControlView {
 public:
     CheckView(QtFormView& view, CheckControl& check, QAbstractButton* widget)
@@ -82,11 +92,11 @@ std::unique_ptr<ControlView> makeSliderView(QtFormView& view, Slider& slider, QW
 }
 
 std::unique_ptr<ControlView> makeOptionView(QtFormView& view, OptionButton& option, QWidget* parent) {
-    return std::make_unique<CheckView>(view, option, new QRadioButton(parent));
+    return std::make_unique<CheckView>(view, option, new WholePlace<QRadioButton>(parent));
 }
 
 std::unique_ptr<ControlView> makeCheckBoxView(QtFormView& view, CheckBox& box, QWidget* parent) {
-    return std::make_unique<CheckView>(view, box, new QCheckBox(parent));
+    return std::make_unique<CheckView>(view, box, new WholePlace<QCheckBox>(parent));
 }
 
 } // namespace klopfmeise

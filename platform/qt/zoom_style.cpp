@@ -41,6 +41,8 @@ int ZoomStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const
     case PM_SliderThickness:
     case PM_SliderControlThickness:
     case PM_SliderLength:
+    case PM_TitleBarHeight:
+    case PM_MdiSubWindowFrameWidth:
         return static_cast<int>(std::lround(size * zoom_));
     case PM_TextCursorWidth:
         return std::max(1, static_cast<int>(std::lround(zoom_)));

@@ -31,8 +31,18 @@ TEST_F(Texttippen, LineEndsAreTypedWithEnterAndTheCursorStepsOverTheLineFeed) {
     EXPECT_EQ(pos(), 5);
     b.user.type(L"\b");
     EXPECT_EQ(pos(), 3);
-    // A line end behind the last word closes the text like any other.
-    b.user.type(L"\rlo\r");
+    b.user.type(L"\rl");
+    EXPECT_FALSE(b.runtime.loaded(L"HilfeFehlerbericht"));
+    // The end of the last paragraph is no cell.
+    b.user.type(L"o");
+    EXPECT_TRUE(b.runtime.loaded(L"HilfeFehlerbericht"));
+}
+
+TEST_F(Texttippen, AnEmptyLineAtTheEndIsTypedLikeAnyOtherLineEnd) {
+    textÖffnen("{\\rtf1\\ansi al\\par\\par}");
+    b.user.type(L"al");
+    EXPECT_FALSE(b.runtime.loaded(L"HilfeFehlerbericht"));
+    b.user.type(L"\r");
     EXPECT_TRUE(b.runtime.loaded(L"HilfeFehlerbericht"));
 }
 

@@ -94,8 +94,8 @@ class Ablage:
         zeilen = (self.pfad / "Data" / "Tastatur" / "Lektion1.txt").read_bytes().decode("cp1252").splitlines()
         return zeilen[zeilen.index(f"Unterstufe{stufe}") + 2]
 
-    def als_datenablage(self, programm):
-        """Points the program at this folder."""
-        programm.with_name("maschine.reg").write_bytes(
+    def als_datenablage(self, schirm):
+        """Points the program that is started there at this folder."""
+        (schirm.ordner / "maschine.reg").write_bytes(
             "\r\n".join(["Windows Registry Editor Version 5.00", "", "[HKEY_LOCAL_MACHINE\\Software\\Klopfmeise]",
                          f'"Datenablage"="{self.pfad}/"', '"Pin"="7294"', ""]).encode("cp1252"))

@@ -3,16 +3,15 @@
 #include "platform/controls/drawn.h"
 #include "platform/controls/panels.h"
 #include "platform/forms/form_runtime.h"
-#include "platform/qt/qt_backend.h"
 #include "platform/qt/qt_form_view.h"
 #include "platform/qt/qt_text.h"
 #include "tests/buehne.h"
+#include "tests/fenster/ein_backend.h"
 
 #include <gtest/gtest.h>
 
 #include <QAccessible>
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QFont>
 #include <QFontDatabase>
 #include <QFontInfo>
@@ -33,13 +32,6 @@ namespace klopfmeise {
 
 namespace {
 
-/// The one backend of the process, which main holds.
-QtBackend*& backendOfMain() {
-    static QtBackend* backend = nullptr;
-    return backend;
-}
-QtBackend& backend() { return *backendOfMain(); }
-
 /// The program on the Qt backend, on the data folder of a Bühne. Class and child are chosen already.
 class FormenQt : public testing::Test {
 protected:
@@ -57,13 +49,6 @@ protected:
         for (const auto name : runtime.names())
             runtime.unload(name);
         settle();
-    }
-
-    static void settle() {
-        QElapsedTimer time;
-        time.start();
-        while (time.elapsed() < 60)
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
     }
 
     QtFormView& view(Form& form) { return *static_cast<QtFormView*>(form.view()); }
@@ -301,10 +286,3 @@ TEST(Fonts, TheToolkitSeesTheProgramsOwnAlone) {
 } // namespace
 
 } // namespace klopfmeise
-
-int main(int argc, char* argv[]) {
-    testing::InitGoogleTest(&argc, argv);
-    klopfmeise::QtBackend backend(argc, argv);
-    klopfmeise::backendOfMain() = &backend;
-    return RUN_ALL_TESTS();
-}

@@ -39,7 +39,7 @@ class Klopfmeise:
 
     def __init__(self, schirm, ablage):
         self.schirm, self.ablage = schirm, ablage
-        ablage.als_datenablage(schirm.programm)
+        ablage.als_datenablage(schirm)
         self.lauf = schirm.start()
         self.warte_auf("Klassenliste")
 

@@ -3,7 +3,6 @@ keys, sudden death, a data folder that goes and comes, a second start, another p
 
 import contextlib
 import os
-import pathlib
 import random
 import signal
 import struct
@@ -15,13 +14,11 @@ from ablage import DURCHGÄNGE, GENAUIGKEIT, LEKTION, SATZ, STUFE, Ablage, ganz
 from klopfmeise import BILD, ENDE, INFO, INFO_OK, START, STUFE_ZURÜCK, Klopfmeise
 from schirm import FRIST, Schirm, ausführen, prüfe, warte
 
-PROGRAMM = pathlib.Path(os.environ.get("KLOPFMEISE_PROGRAMM") or sys.argv[1])
-
 
 @contextlib.contextmanager
 def in_der_stufe(zeile):
     """The program on a display, with a child in front of `zeile`, of which one faultless run passes the stage."""
-    with Schirm(800, 600, PROGRAMM) as schirm:
+    with Schirm(800, 600) as schirm:
         ablage = Ablage(schirm.ordner / "Daten")
         ablage.lektion([zeile, "zweite zeile"])
         ablage.satz_setzen(DURCHGÄNGE, ganz(1))
@@ -100,7 +97,7 @@ def plötzliches_ende():
     zeile = "das schnelle kind tippt jede zeile ohne einen fehler ab"
     eigene = {LEKTION, STUFE, GENAUIGKEIT}
     gelesen = {29, 30, 31, DURCHGÄNGE, 35}
-    with Schirm(800, 600, PROGRAMM) as schirm:
+    with Schirm(800, 600) as schirm:
         ablage = Ablage(schirm.ordner / "Daten")
         ablage.lektion([zeile, "zweite zeile"])
         for satz in sorted(set(range(1, 101)) - eigene - gelesen):
@@ -197,7 +194,7 @@ def kontodatei_wird_misshandelt():
 
 
 def zweiter_start():
-    with Schirm(800, 600, PROGRAMM) as schirm:
+    with Schirm(800, 600) as schirm:
         k = Klopfmeise(schirm, Ablage(schirm.ordner / "Daten"))
         vorher = set(schirm.fenster("^Klopfmeise$"))
         zweiter = schirm.start()
@@ -214,7 +211,7 @@ def zweiter_start():
 
 
 def anderes_programm():
-    with Schirm(800, 600, PROGRAMM) as schirm:
+    with Schirm(800, 600) as schirm:
         k = Klopfmeise(schirm, Ablage(schirm.ordner / "Daten"))
         k.zur_startseite()
         schirm.klick(*BILD)
@@ -248,7 +245,4 @@ FÄLLE = (volle_zeile_bei_20_je_sekunde, seltene_zeichen, gehaltene_taste, plöt
          kontodatei_wird_misshandelt, zweiter_start, anderes_programm)
 
 if __name__ == "__main__":
-    Schirm.fehlerbilder = pathlib.Path(sys.argv[2]) / "bilder"
-    gewählt = [f for f in FÄLLE if not sys.argv[3:] or f.__name__ in sys.argv[3:]]
-    prüfe(gewählt, f"Fälle: {', '.join(f.__name__ for f in FÄLLE)}")
-    ausführen([(f.__name__, f) for f in gewählt])
+    ausführen({fall.__name__: fall for fall in FÄLLE})

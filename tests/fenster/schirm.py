@@ -16,6 +16,10 @@ import sys
 import tempfile
 import time
 
+# Told on the command line; see ausführen().
+PROGRAMM = pathlib.Path(os.environ.get("KLOPFMEISE_PROGRAMM") or (sys.argv[1:] or ["."])[0]).resolve()
+BUILD = pathlib.Path((sys.argv[2:] or ["."])[0])
+
 FRIST = 20.0  # seconds until a state must have come; machines are noisy
 
 
@@ -70,16 +74,29 @@ EBENEN = {"umschalt": 50, "altgr": 108}
 ZUSAMMENGESETZT = {"ê": "^e", "é": "´e", "à": "`a", "Ô": "^O"}
 
 
+def eigene_umgebung(ordner):
+    """An environment in which a program meets nothing of the user's who runs the test: neither display, running
+    copies of the program (they tell each other by a file in XDG_RUNTIME_DIR), settings, message bus nor sound server."""
+    for name in ("heim", "lauf"):
+        (ordner / name).mkdir(mode=0o700)
+    umgebung = {name: os.environ[name] for name in ("PATH", "TMPDIR", "LD_LIBRARY_PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS")
+                if name in os.environ}
+    # The named bus does not exist; without a name the client library would start one.
+    umgebung.update(HOME=str(ordner / "heim"), XDG_RUNTIME_DIR=str(ordner / "lauf"), LANG="de_DE.UTF-8",
+                    LC_ALL="de_DE.UTF-8", DBUS_SESSION_BUS_ADDRESS=f"unix:path={ordner}/lauf/bus",
+                    QT_LOGGING_RULES="*.debug=false")
+    # What the toolkit's own libraries keep to the end is not looked at.
+    umgebung.setdefault("ASAN_OPTIONS", "detect_leaks=0")
+    return umgebung
+
+
 class Schirm:
     """One Xvfb with everything around it; a context manager that ends all it started."""
 
-    fehlerbilder = None  # folder for a picture of the screen on which a check failed
-
-    def __init__(self, breite, höhe, programm):
+    def __init__(self, breite, höhe):
         self.breite, self.höhe = breite, höhe
-        self.programm = pathlib.Path(programm).resolve()
-        prüfe(self.programm.parent.name == "fenster",
-              f"{self.programm} liegt nicht in einem Ordner 'fenster': seine maschine.reg würde überschrieben")
+        prüfe(PROGRAMM.parent.name == "fenster",
+              f"{PROGRAMM} liegt nicht in einem Ordner 'fenster': es läse nicht die maschine.reg des Tests")
         self.zoom = max(1.0, min(breite / 800, höhe / 600))
         self.links = max(0, (breite - round(800 * self.zoom)) // 2)
         self.oben = max(0, (höhe - round(600 * self.zoom)) // 2)
@@ -96,42 +113,37 @@ class Schirm:
 
     def __exit__(self, art, *_):
         with contextlib.suppress(Exception):
-            if art and self.fehlerbilder:
-                self.foto(self.fehlerbilder / f"fehler_{self.breite}x{self.höhe}_{time.strftime('%H%M%S')}.png")
+            if art:
+                self.foto(f"fehler_{time.strftime('%H%M%S')}_{os.getpid()}")
         self._stapel.close()
 
     def _aufbauen(self):
         self.ordner = pathlib.Path(tempfile.mkdtemp(prefix="klopfmeise-fenster-"))
         self._stapel.callback(shutil.rmtree, self.ordner, ignore_errors=True)
-        for name in ("heim", "lauf", "bild"):
-            (self.ordner / name).mkdir(mode=0o700)
+        (self.ordner / "bild").mkdir(mode=0o700)
+        self.umgebung = eigene_umgebung(self.ordner)
         lesen, schreiben = os.pipe()
         self.xvfb = self._starten(
             ["Xvfb", "-displayfd", str(schreiben), "-screen", "0", f"{self.breite}x{self.höhe}x24", "-fbdir",
              str(self.ordner / "bild"), "-nolisten", "tcp", "-noreset", "-ardelay", "200", "-arinterval", "30"],
-            os.environ, pass_fds=[schreiben])
+            pass_fds=[schreiben])
         os.close(schreiben)
         with os.fdopen(lesen) as rohr:
             nummer = rohr.readline().strip()
         prüfe(nummer, "Xvfb hat keinen Bildschirm geöffnet")
-        self.umgebung = {k: v for k, v in os.environ.items() if k not in ("WAYLAND_DISPLAY", "QT_QPA_PLATFORM")}
-        self.umgebung.update(DISPLAY=":" + nummer, HOME=str(self.ordner / "heim"),
-                             XDG_RUNTIME_DIR=str(self.ordner / "lauf"), LANG="de_DE.UTF-8", LC_ALL="de_DE.UTF-8",
-                             QT_LOGGING_RULES="*.debug=false")
-        # What the toolkit's own libraries keep to the end is not looked at.
-        self.umgebung.setdefault("ASAN_OPTIONS", "detect_leaks=0")
-        for geerbt in ("XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "QT_SCALE_FACTOR"):
-            self.umgebung.pop(geerbt, None)
+        self.umgebung["DISPLAY"] = ":" + nummer
         self._bildspeicher()
         self.befehl("setxkbmap", "de")
-        self._starten(["openbox", "--sm-disable"], self.umgebung)
-        warte(lambda: "window id" in self.befehl("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"), "openbox läuft")
+        self._starten(["openbox", "--sm-disable"])
+        # It says that it is there before it is: a window that comes meanwhile is left lying until the next event. It serves
+        # once it has taken an order, to have one desktop instead of four.
+        warte(lambda: self.befehl("xdotool", "set_num_desktops", "1", "get_num_desktops").strip() == "1", "openbox läuft")
 
-    def _starten(self, befehl, umgebung, **weiteres):
+    def _starten(self, befehl, **weiteres):
         weiteres.setdefault("stdout", subprocess.DEVNULL)
         weiteres.setdefault("stderr", subprocess.DEVNULL)
         try:
-            lauf = subprocess.Popen(befehl, env=umgebung, preexec_fn=_mit_eltern_enden, **weiteres)
+            lauf = subprocess.Popen(befehl, env=self.umgebung, cwd=self.ordner, preexec_fn=_mit_eltern_enden, **weiteres)
         except FileNotFoundError as fehler:
             raise Fehlschlag(f"{befehl[0]} fehlt (siehe scripts/pakete.sh)") from fehler
         self._stapel.callback(self._beenden, lauf)
@@ -196,10 +208,15 @@ class Schirm:
             return time.monotonic() - seit >= dauer
         warte(still, "das Bild kommt zur Ruhe", takt=0.03)
 
-    def foto(self, ziel):
+    def foto(self, name):
+        """The whole screen as <build>/bilder/<size>_<name>.png."""
+        ziel = BUILD / "bilder" / f"{self.breite}x{self.höhe}_{name}.png"
         ziel.parent.mkdir(parents=True, exist_ok=True)
-        self.befehl("import", "-window", "root", str(ziel))
-        prüfe(ziel.is_file() and ziel.stat().st_size > 1000, f"kein Bild {ziel}")
+        # A test that runs at the same time may write the same picture.
+        entwurf = ziel.with_name(f".{os.getpid()}_{ziel.name}")
+        self.befehl("import", "-window", "root", str(entwurf))
+        prüfe(entwurf.is_file(), f"kein Bild {ziel}")
+        entwurf.replace(ziel)
 
     # What a person does.
 
@@ -231,7 +248,7 @@ class Schirm:
         self.befehl("xdotool", "-", eingabe=self.anschläge(text, je_sekunde))
 
     def tippe_nebenher(self, text, je_sekunde):
-        lauf = self._starten(["xdotool", "-"], self.umgebung, stdin=subprocess.PIPE, text=True)
+        lauf = self._starten(["xdotool", "-"], stdin=subprocess.PIPE, text=True)
         lauf.stdin.write(self.anschläge(text, je_sekunde))
         lauf.stdin.close()
         return lauf
@@ -247,7 +264,7 @@ class Schirm:
     def start(self, **weiteres):
         ausgabe = open(self.ordner / "ausgabe.txt", "ab")
         with ausgabe:
-            lauf = self._starten([str(self.programm)], self.umgebung, stdout=ausgabe, stderr=ausgabe, **weiteres)
+            lauf = self._starten([str(PROGRAMM)], stdout=ausgabe, stderr=ausgabe, **weiteres)
         self.läufe.append(lauf)
         return lauf
 
@@ -256,8 +273,7 @@ class Schirm:
         return pfad.read_text(errors="replace") if pfad.exists() else ""
 
     def fremdes_fenster(self):
-        return self._starten(["xmessage", "-name", "fremd", "-geometry", "160x60+0+0", "Ein anderes Programm"],
-                             self.umgebung)
+        return self._starten(["xmessage", "-name", "fremd", "-geometry", "160x60+0+0", "Ein anderes Programm"])
 
     def fenster(self, name):
         """Ids of the shown windows whose title matches."""
@@ -265,13 +281,21 @@ class Schirm:
 
 
 def ausführen(fälle):
-    """Runs the cases in order, each (name, function); ends the process with 1 if one failed."""
+    """Runs the cases told on the command line behind program and build folder, all if none is told; ends the process
+    with 1 if one failed. `fälle`: name -> function. With "--liste" alone it prints the names."""
+    if sys.argv[1:] == ["--liste"]:
+        print("\n".join(fälle))
+        return
+    gewählt = sys.argv[3:] or list(fälle)
+    unbekannt = [name for name in gewählt if name not in fälle]
+    if unbekannt:
+        sys.exit(f"{', '.join(unbekannt)} gibt es nicht; Fälle: {', '.join(fälle)}")
     signal.signal(signal.SIGTERM, lambda *_: sys.exit("abgebrochen"))
     fehler = 0
-    for name, fall in fälle:
+    for name in gewählt:
         beginn = time.monotonic()
         try:
-            fall()
+            fälle[name]()
             print(f"gut     {name} ({time.monotonic() - beginn:.1f} s)", flush=True)
         except Fehlschlag as grund:
             fehler += 1

@@ -1,25 +1,20 @@
 """The road of a child through real windows: from the class list through a passed stage to the end question, on a
 small and on a large screen, with a picture of every page in <build>/bilder."""
 
-import os
-import pathlib
 import sys
 
 sys.dont_write_bytecode = True
 from ablage import LEKTION, STUFE, Ablage, doppelt, ganz, GENAUIGKEIT
 from klopfmeise import (BILD, CODE_ZURÜCK, ENDE, INFO, INFO_OK, KLASSE_1, KURS, LEHRKRAFT, NAME_2, NEIN, START,
                         STUFE_ZURÜCK, ZURÜCK, Klopfmeise)
-from schirm import Schirm, ausführen, prüfe, warte
-
-PROGRAMM = pathlib.Path(os.environ.get("KLOPFMEISE_PROGRAMM") or sys.argv[1])
-BUILD = pathlib.Path(sys.argv[2])
+from schirm import BUILD, Schirm, ausführen, prüfe, warte
 
 
 def straße(breite, höhe):
-    with Schirm(breite, höhe, PROGRAMM) as schirm:
+    with Schirm(breite, höhe) as schirm:
         def foto(name):
             schirm.ruhe()
-            schirm.foto(BUILD / "bilder" / f"{breite}x{höhe}_{name}.png")
+            schirm.foto(name)
 
         ablage = Ablage(schirm.ordner / "Daten", BUILD / "Klopfmeise" / "Data")
         k = Klopfmeise(schirm, ablage)
@@ -32,7 +27,7 @@ def straße(breite, höhe):
         k.geh(LEHRKRAFT, "Codefeld")
         schirm.tippe("12", 10)
         # The caret blinks, so the page never rests as a whole.
-        schirm.foto(BUILD / "bilder" / f"{breite}x{höhe}_03_code.png")
+        schirm.foto("03_code")
         k.geh(CODE_ZURÜCK, "Klassenliste")
         k.geh(KLASSE_1, "Namensliste")
         foto("04_namen")
@@ -72,7 +67,7 @@ def straße(breite, höhe):
         warte(lambda: k.rot(9), "der Fehler ist rot")
         prüfe(k.position() == 9, "ein Fehler bewegt die Marke")
         warte(lambda: (ablage.genauigkeit() or 100) < 100, "der Fehler kostet Genauigkeit")
-        schirm.foto(BUILD / "bilder" / f"{breite}x{höhe}_09_stufe_fehler.png")
+        schirm.foto("09_stufe_fehler")
         k.geh(STUFE_ZURÜCK, "Startseite")
         prüfe(ablage.satz(STUFE, 4) == ganz(2), "das Verlassen der Stufe ändert den Stand")
         k.geh(ENDE, "Menü")
@@ -83,25 +78,24 @@ def straße(breite, höhe):
 
 
 def verweigerter_ordner(breite, höhe):
-    with Schirm(breite, höhe, PROGRAMM) as schirm:
+    with Schirm(breite, höhe) as schirm:
         ablage = Ablage(schirm.ordner / "Daten")
-        ablage.als_datenablage(PROGRAMM)
+        ablage.als_datenablage(schirm)
         (ablage.pfad / "Gruppen" / "kme.ein").unlink()
         lauf = schirm.start()
         warte(lambda: schirm.fenster("^Kein zul"), "die Meldung über den Ordner")
         schirm.ruhe()
-        schirm.foto(BUILD / "bilder" / f"{breite}x{höhe}_11_ordner_meldung.png")
+        schirm.foto("11_ordner_meldung")
         schirm.befehl("xdotool", "key", "Return")
         fenster = warte(lambda: schirm.fenster("^Datenablage$"), "das Fenster für den Ordner")
         warte(lambda: schirm.befehl("xdotool", "getactivewindow").strip() in fenster, "es hat die Tastatur")
         schirm.ruhe()
-        schirm.foto(BUILD / "bilder" / f"{breite}x{höhe}_12_ordner.png")
+        schirm.foto("12_ordner")
         schirm.befehl("xdotool", "key", "alt+F4")
         warte(lambda: lauf.poll() is not None, "das Programm endet, wenn sein letztes Fenster zugeht")
         prüfe(lauf.poll() == 0, f"Rückgabewert {lauf.poll()} statt 0; Ausgabe: {schirm.ausgabe()[-1500:]}")
 
 
 if __name__ == "__main__":
-    Schirm.fehlerbilder = pathlib.Path(sys.argv[2]) / "bilder"
-    ausführen([(f"{art.__name__} {b}x{h}", lambda a=art, b=b, h=h: a(b, h))
-               for b, h in ((800, 600), (1920, 1080)) for art in (straße, verweigerter_ordner)])
+    ausführen({f"{art.__name__}_{b}x{h}": lambda a=art, b=b, h=h: a(b, h)
+               for b, h in ((800, 600), (1920, 1080)) for art in (straße, verweigerter_ordner)})

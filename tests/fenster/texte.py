@@ -1,8 +1,6 @@
 """Running text through real windows: a flowing-text stage and a free text typed to their ends, with umlauts, capitals,
 Alt Gr signs and Enter, an error and its correction; help and account view; a picture of each in <build>/bilder."""
 
-import os
-import pathlib
 import struct
 import sys
 
@@ -10,9 +8,6 @@ sys.dont_write_bytecode = True
 from ablage import DURCHGÄNGE, STUFE, Ablage, ganz
 from klopfmeise import ENDE, KLASSE_1, KURS, NAME_2, SCHWARZ, START, WEISS, Klopfmeise, gleich
 from schirm import Schirm, ausführen, prüfe, warte
-
-PROGRAMM = pathlib.Path(os.environ.get("KLOPFMEISE_PROGRAMM") or sys.argv[1])
-BUILD = pathlib.Path(sys.argv[2])
 
 TEXTE_GESAMT, ANSCHLÄGE = 40, 41
 TEXT_TIPPEN, KONTO, HILFE = (316, 289), (393, 401), (688, 562)
@@ -45,10 +40,7 @@ def textseite(schirm, rahmen):
 
 
 def tippen(breite, höhe):
-    with Schirm(breite, höhe, PROGRAMM) as schirm:
-        def foto(name):
-            schirm.foto(BUILD / "bilder" / f"{breite}x{höhe}_{name}.png")
-
+    with Schirm(breite, höhe) as schirm:
         ablage = Ablage(schirm.ordner / "Daten")
         (ablage.pfad / "Data" / "Tastatur" / "Lektion1.txt").write_bytes(fließend([STUFENTEXT, "Ende"]))
         (ablage.pfad / "Data" / "Texte" / "Text_001.txt").write_bytes(rtf(FREITEXT))
@@ -61,18 +53,18 @@ def tippen(breite, höhe):
         schirm.tippe(STUFENTEXT[:3] + "x", 8)
         warte(lambda: (ablage.genauigkeit() or 0) > 0, "die Genauigkeit ist im Konto")
         schirm.ruhe()
-        foto("13_fliesstext_fehler")
+        schirm.foto("13_fliesstext_fehler")
         schirm.befehl("xdotool", "key", "BackSpace")
         schirm.tippe(STUFENTEXT[3:150], 8)
         schirm.ruhe()
-        foto("14_fliesstext")
+        schirm.foto("14_fliesstext")
         schirm.tippe(STUFENTEXT[150:], 8)
         k.warte_auf("Startseite")
         prüfe(ablage.satz(STUFE, 4) == ganz(2), f"Stufe ist {ablage.satz(STUFE, 4).hex(' ')} statt 2")
         schirm.klick(*HILFE)
         warte(lambda: k.fenster_da("^Hilfe$"), "die Hilfe")
         schirm.ruhe()
-        foto("15_hilfe")
+        schirm.foto("15_hilfe")
         schirm.klick(20, 300)
         warte(lambda: not k.fenster_da("^Hilfe$"), "die Hilfe geht zu")
         k.geh(ENDE, "Menü")
@@ -82,7 +74,7 @@ def tippen(breite, höhe):
         text = "\n".join(FREITEXT)
         schirm.tippe(text[:25], 8)
         schirm.ruhe(0, 0, 800, 405)
-        foto("16_text_tippen")
+        schirm.foto("16_text_tippen")
         schirm.tippe(text[25:], 8)
         warte(lambda: ablage.satz(TEXTE_GESAMT, 4) == ganz(1), "der Text ist gezählt")
         marke, länge = struct.unpack("<hh", ablage.satz(ANSCHLÄGE, 4))
@@ -90,19 +82,18 @@ def tippen(breite, höhe):
         bericht = warte(lambda: schirm.fenster("^Klopfmeise$"), "das Auswertungsblatt")
         prüfe(bericht, "kein Auswertungsblatt")
         schirm.ruhe(250, 150, 300, 250)
-        foto("17_auswertung")
+        schirm.foto("17_auswertung")
         schirm.klick(*ENDE)
         k.warte_auf("Menü")
         schirm.klick(*KONTO)
         # The account view covers the middle of the menu with white.
         warte(lambda: gleich(schirm.farbe(560, 300), WEISS), "der Kontostand")
         schirm.ruhe()
-        foto("18_kontostand")
+        schirm.foto("18_kontostand")
         schirm.klick(20, 300)
         k.warte_auf("Menü")
         k.beenden()
 
 
 if __name__ == "__main__":
-    Schirm.fehlerbilder = BUILD / "bilder"
-    ausführen([(f"Text tippen {b}x{h}", lambda b=b, h=h: tippen(b, h)) for b, h in ((800, 600), (1920, 1080))])
+    ausführen({f"tippen_{b}x{h}": lambda b=b, h=h: tippen(b, h) for b, h in ((800, 600), (1920, 1080))})

@@ -45,7 +45,7 @@ TEST_F(Titelseite, WalksThroughAllItsStates) {
     EXPECT_EQ(b.caption(L"LblKlasse"), L"Hasen\\");
     b.user.pressRow(b.control<FileList>(L"File1"), -1);
     stand(L"frmNamen", true, true, 1);
-    b.user.pressRow(b.control<FileList>(L"File1"), 0);
+    b.user.pressRow(b.control<FileList>(L"File1"), 0, MouseButton::right);
     stand(L"frmSprache", true, true, 1);
     EXPECT_EQ(b.caption(L"LblName"), L"Mia");
     b.user.click(L"cmdAllesZurück");

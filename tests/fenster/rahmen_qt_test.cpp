@@ -1,0 +1,292 @@
+#include "platform/controls/visit.h"
+#include "platform/qt/frame_window.h"
+#include "platform/qt/qt_form_view.h"
+#include "platform/qt/qt_text.h"
+#include "tests/buehne.h"
+#include "tests/fenster/ein_backend.h"
+#include "tests/platform/diary.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAbstractSlider>
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
+#include <QMdiArea>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QScreen>
+#include <QWindow>
+
+namespace klopfmeise {
+namespace {
+
+class FrameForm final : public NotingForm {
+public:
+    using NotingForm::NotingForm;
+    PictureBox strip{*this, L"strip", {0, 0, 14880, 450}};
+    Label line{strip, L"line", {0, 0, 14865, 390}, {.caption = L" Hasen\\ ", .align = Align::center}};
+};
+
+/// A child window with a control of each kind that takes a value from the user.
+class Child final : public NotingForm {
+public:
+    Child(FormRuntime& runtime, std::wstring_view name, const FormLook& look, Diary& book)
+        : NotingForm(runtime, name, look, book) {
+        moveTo(100, 100);
+        code.setFocus();
+    }
+    CheckLook check(const std::string& event) { return {.caption = L"Wahl", .click = diary.noting(event)}; }
+    KeyHandlers digits() {
+        return {.press = [this](KeyPress& key) {
+            diary.note("key");
+            key.swallowed = key.character < L'0' || key.character > L'9';
+        }};
+    }
+
+    TextBox code{*this, L"code", {150, 150, 3000, 375}, {.keys = digits(), .change = diary.noting("code")}};
+    Slider slider{
+        *this, L"slider", {150, 600, 3000, 435}, {.min = 1, .max = 9, .change = diary.noting("slider")}};
+    Frame group{*this, L"group", {150, 1200, 3000, 900}, {.caption = L"Gruppe"}};
+    OptionButton first{group, L"first", {100, 300, 1300, 300}, check("first")};
+    OptionButton second{group, L"second", {1500, 300, 1300, 300}, check("second")};
+    CheckBox box{*this, L"box", {150, 2250, 3000, 300}, check("box")};
+    FolderList list{*this, L"list", {3300, 150, 2500, 2400}, {.click = diary.noting("list")}};
+};
+
+class RahmenQt : public testing::Test {
+protected:
+    RahmenQt() {
+        backend().setRuntime(runtime);
+        add<FrameForm>(L"Frame",
+                       {.kind = FormKind::frame,
+                        .caption = L"Einstellungsmodus",
+                        .back = {128, 128, 0},
+                        .menu = {{L"Top", L"Gruppen", diary.noting("top")},
+                                 {L"Sub", L"Daten", {}, {{L"Deep", L"Code", diary.noting("deep")}}}},
+                        .state = WindowState::maximised});
+        for (const auto name : {L"One", L"Two"})
+            add<Child>(name, child(6000, 3000));
+        add<Child>(L"Large", child(12000, 12000));
+        add<NotingForm>(L"Small", {.kind = FormKind::window, .width = 3000, .height = 2000});
+    }
+    ~RahmenQt() override {
+        for (const auto name : runtime.names())
+            runtime.unload(name);
+        settle();
+    }
+    static FormLook child(int width, int height) {
+        return {.kind = FormKind::child,
+                .caption = L"Hauptmenü",
+                .width = width,
+                .height = height,
+                .frame = L"Frame"};
+    }
+    template <class Made>
+    void add(std::wstring_view name, const FormLook& look) {
+        runtime.add(name, [this, name, look] { return std::make_unique<Made>(runtime, name, look, diary); });
+    }
+    std::string shown(std::initializer_list<std::wstring_view> names) {
+        for (const auto name : names)
+            runtime.show(name);
+        return happened();
+    }
+    std::string happened() {
+        settle();
+        return diary.take();
+    }
+    Child& one() { return static_cast<Child&>(*runtime.loaded(L"One")); }
+    QWidget& widget(std::wstring_view form) {
+        return static_cast<QtFormView*>(runtime.loaded(form)->view())->widget();
+    }
+    QWidget& widget(const Control& control) {
+        return *static_cast<QtFormView*>(formOf(control).view())
+                    ->widget()
+                    .findChild<QWidget*>(toQt(control.fullName()));
+    }
+    FrameWindow& frame() { return static_cast<FrameWindow&>(*widget(L"Frame").window()); }
+    QMdiSubWindow& window(std::wstring_view form) {
+        return static_cast<QMdiSubWindow&>(*widget(form).parentWidget());
+    }
+    std::wstring active() { return std::wstring(runtime.active() ? runtime.active()->name() : L""); }
+
+    std::string clicked(const QWidget& on, const QPoint& at, Qt::MouseButton button = Qt::LeftButton) {
+        QWindow* to = on.window()->windowHandle();
+        const QPointF point = on.mapTo(on.window(), at);
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            QMouseEvent event(type, point, to->mapToGlobal(point), button,
+                              type == QEvent::MouseButtonPress ? button : Qt::NoButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(to, &event);
+        }
+        return happened();
+    }
+    std::string clicked(const Control& control) {
+        return clicked(widget(control), widget(control).rect().center());
+    }
+    std::string struck(int key, const char* text = "", Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event(type, key, modifiers, QString::fromUtf8(text));
+            QCoreApplication::sendEvent(frame().windowHandle(), &event);
+        }
+        return happened();
+    }
+
+    const Wegwerfordner folder;
+    Playground ground;
+    Diary& diary = ground.diary;
+    FormRuntime runtime{backend(), ground.runtime.services()};
+};
+
+TEST_F(RahmenQt, TheFrameFillsTheScreenAndHoldsItsMenuItsStripAndItsChildren) {
+    EXPECT_TRUE(shown({L"One"}).starts_with("Frame.load Frame.activate One.load One.activate Frame.resize"));
+    const QMdiArea& area = frame().area();
+    EXPECT_TRUE(frame().isMaximized());
+    EXPECT_EQ(frame().windowTitle(), QStringLiteral("Einstellungsmodus"));
+    const double pixel = backend().screen().width / static_cast<double>(frame().screen()->size().width());
+    EXPECT_NEAR(runtime.loaded(L"Frame")->width(), frame().width() * pixel, 1);
+    const QWidget& strip = widget(L"Frame");
+    EXPECT_EQ(strip.mapTo(&frame(), QPoint()), QPoint(0, frame().menuBar()->height()));
+    EXPECT_NEAR(strip.height(), 450 / pixel, 1);
+    EXPECT_EQ(strip.width(), frame().width());
+    EXPECT_EQ(area.mapTo(&frame(), QPoint()).y(), frame().menuBar()->height() + strip.height());
+    EXPECT_EQ(frame().grab().toImage().pixelColor(area.mapTo(&frame(), QPoint(2, 2))), QColor(128, 128, 0));
+
+    shown({L"Large"});
+    for (const auto name : {L"One", L"Large"}) {
+        EXPECT_NEAR(window(name).x(), 100 / pixel, 1);
+        EXPECT_TRUE(area.viewport()->rect().contains(window(name).geometry())) << "reaches beyond the frame";
+        EXPECT_TRUE(window(name).contentsRect().contains(widget(name).geometry()));
+        EXPECT_EQ(window(name).windowTitle(), QStringLiteral("Hauptmenü"));
+    }
+    EXPECT_NEAR(widget(L"One").width(), 6000 / pixel, 1);
+    EXPECT_NEAR(widget(L"Large").width(), widget(L"Large").height(), 1);
+}
+
+TEST_F(RahmenQt, TheUserMovesAmongTheChildrenAndClosesThem) {
+    shown({L"One", L"Two"});
+    window(L"Two").move(300, 300);
+    EXPECT_EQ(clicked(window(L"One"), {60, 10}), "Two.deactivate One.activate");
+    EXPECT_EQ(struck(Qt::Key_7, "7"), "key code");
+    EXPECT_EQ(one().code.text(), L"7") << "the keys do not go to the active child";
+    window(L"One").close();
+    EXPECT_EQ(happened(), "One.unload Two.activate");
+    EXPECT_EQ(window(L"Two").pos(), QPoint(300, 300));
+    shown({L"Small"});
+    frame().windowHandle()->close();
+    EXPECT_EQ(happened(), "Two.unload Frame.unload");
+}
+
+TEST_F(RahmenQt, AWindowOverTheFrameStaysActiveWhateverTheChildrenDo) {
+    shown({L"One", L"Two"});
+    diary.on["One.activate"] = [this] { runtime.show(L"Small"); };
+    runtime.show(L"One");
+    const std::string before = "Two.deactivate One.activate Small.load Frame.deactivate Small.activate";
+    EXPECT_EQ(happened(), before) << "the toolkit tells of the child last";
+    QWindow* small = widget(L"Small").windowHandle();
+    EXPECT_EQ(QGuiApplication::focusWindow(), small);
+    diary.on.clear();
+    auto& timer = static_cast<NotingForm&>(*runtime.loaded(L"Frame")).timer;
+    diary.on["Frame.tick"] = [this, &timer] {
+        timer.setEnabled(false);
+        runtime.unload(L"One");
+    };
+    timer.setInterval(1);
+    ground.clock.advance(1);
+    EXPECT_EQ(happened(), "Frame.tick One.unload Two.activate");
+    EXPECT_EQ(QGuiApplication::focusWindow(), small);
+    EXPECT_EQ(active(), L"Small");
+    EXPECT_EQ(clicked(frame(), {400, 500}), "Small.deactivate Frame.activate");
+    EXPECT_EQ(active(), L"Two");
+    shown({L"Small"});
+    widget(L"Small").windowHandle()->close();
+    EXPECT_EQ(happened(), "Small.unload Frame.activate");
+    EXPECT_EQ(QGuiApplication::focusWindow(), frame().windowHandle());
+}
+
+TEST_F(RahmenQt, AnEntryOfTheMenuIsHeardAndAnOpenMenuHasTheKeys) {
+    shown({L"One"});
+    one().code.setFocus();
+    const QRect title = frame().menuBar()->actionGeometry(frame().menuBar()->actions().at(1));
+    clicked(*frame().menuBar(), title.center());
+    QWidget* menu = QApplication::activePopupWidget();
+    ASSERT_TRUE(menu);
+    EXPECT_EQ(struck(Qt::Key_7, "7"), "");
+    struck(Qt::Key_Down);
+    EXPECT_EQ(struck(Qt::Key_Return, "\r"), "deep");
+    EXPECT_FALSE(QApplication::activePopupWidget());
+    frame().findChild<QAction*>(QStringLiteral("Top"))->trigger();
+    EXPECT_EQ(happened(), "top");
+    EXPECT_EQ(struck(Qt::Key_7, "7"), "key code") << "the keys do not come back to the child";
+}
+
+TEST_F(RahmenQt, WidgetsStandInTheOrderOfTheirControlsHoweverLateTheyAreMade) {
+    runtime.load(L"One");
+    one().code.hide();
+    one().group.hide();
+    one().first.hide();
+    one().box.hide();
+    shown({L"One"});
+    for (Control* late :
+         std::initializer_list<Control*>{&one().box, &one().first, &one().group, &one().code}) {
+        late->show();
+        settle();
+    }
+    std::string stacked, order;
+    for (const QObject* part : widget(L"One").children())
+        stacked += part->objectName().toStdString() + " ";
+    EXPECT_EQ(stacked, "code slider group box list ");
+    one().slider.setFocus();
+    for (int i = 0; i < 4; ++i) {
+        struck(Qt::Key_Tab, "\t");
+        order += frame().focusWidget()->objectName().toStdString() + " ";
+    }
+    EXPECT_EQ(order, "first second box list ");
+    EXPECT_EQ(one().focus(), &one().list);
+    struck(Qt::Key_Tab, "\t");
+    EXPECT_EQ(one().focus(), &one().code);
+}
+
+TEST_F(RahmenQt, WhatTheUserSetsIsHeardOnceAndWhatTheProgramSetsNever) {
+    shown({L"One"});
+    ground.files.makeFolder(logikpfad(folder.pfad()) + L"\\a");
+    ground.files.makeFolder(logikpfad(folder.pfad()) + L"\\b");
+    one().list.setPath(logikpfad(folder.pfad()));
+    one().slider.setValue(5);
+    one().first.setValue(1);
+    one().box.setValue(1);
+    one().code.setText(L"8");
+    EXPECT_EQ(happened(), "");
+    EXPECT_EQ(static_cast<QAbstractSlider&>(widget(one().slider)).value(), 5);
+
+    EXPECT_EQ(clicked(one().second), "second");
+    EXPECT_EQ(clicked(one().second), "second");
+    EXPECT_EQ(one().first.value(), 0);
+    EXPECT_FALSE(static_cast<QAbstractButton&>(widget(one().first)).isChecked());
+    EXPECT_TRUE(static_cast<QAbstractButton&>(widget(one().second)).isChecked());
+    EXPECT_EQ(clicked(one().box), "box");
+    EXPECT_EQ(struck(Qt::Key_Space, " "), "box");
+    EXPECT_EQ(one().box.value(), 1);
+    one().slider.setFocus();
+    EXPECT_EQ(struck(Qt::Key_Right), "slider One.up");
+    EXPECT_EQ(one().slider.value(), 6);
+    for (int i = 0; i < 2; ++i)
+        EXPECT_EQ(clicked(widget(one().list), {20, 5}), "list");
+    EXPECT_EQ(struck(Qt::Key_Down), "list One.up");
+    EXPECT_EQ(one().list.selected(), 1);
+}
+
+TEST_F(RahmenQt, APastedTextPassesTheFilterOfItsBox) {
+    shown({L"One"});
+    one().code.setFocus();
+    QGuiApplication::clipboard()->setText(QStringLiteral("7x2ü9\n4"));
+    EXPECT_EQ(struck(Qt::Key_V, "\x16", Qt::ControlModifier), "key key key key key key code");
+    EXPECT_EQ(one().code.text(), L"7294");
+    diary.on["key"] = [this] { runtime.unload(L"One"); };
+    EXPECT_EQ(struck(Qt::Key_V, "\x16", Qt::ControlModifier), "key One.unload Frame.up")
+        << "and the form is gone";
+}
+
+} // namespace
+} // namespace klopfmeise

@@ -1,0 +1,124 @@
+#include "platform/input/dead_keys.h"
+#include "platform/input/input_line.h"
+#include "tests/platform/diary.h"
+
+#include <gtest/gtest.h>
+
+namespace klopfmeise {
+namespace {
+
+using enum InputMark::Kind;
+
+class InputLineTest : public testing::Test {
+protected:
+    InputLineTest() {
+        line.busy = [this] { return busy; };
+        line.wake = [] {};
+    }
+    void enter(const std::string& event, const InputMark& mark) { line.enter(mark, diary.noting(event)); }
+    void key(const std::string& event, InputMark::Kind kind, std::uint32_t key, bool repeat = false,
+             std::uint64_t time = 0) {
+        enter(event, {.kind = kind, .key = key, .repeat = repeat, .time = time});
+    }
+    std::string served() {
+        for (int i = 0; i < 20; ++i)
+            line.serve();
+        EXPECT_TRUE(line.empty());
+        return diary.take();
+    }
+    Diary diary;
+    InputLine line;
+    bool busy = false;
+};
+
+TEST_F(InputLineTest, EachInputIsServedToItsEndWithItsReactions) {
+    diary.on["a"] = [this] {
+        line.react(diary.noting("reaction"));
+        enter("c", {});
+        line.serve();
+    };
+    diary.on["reaction"] = [this] { line.react(diary.noting("consequence")); };
+    enter("a", {});
+    enter("b", {});
+    line.react(diary.noting("before"));
+    busy = true;
+    line.serve();
+    EXPECT_EQ(diary.take(), "") << "a handler runs";
+    busy = false;
+    line.serve();
+    EXPECT_EQ(diary.take(), "before a reaction consequence") << "one input a turn";
+    EXPECT_EQ(served(), "b c");
+}
+
+TEST_F(InputLineTest, OfAHeldKeyOneRepeatWaits) {
+    key("a", keyDown, 1);
+    for (int i = 0; i < 3; ++i) {
+        key("repeat", keyDown, 1, true);
+        key("lost", keyUp, 1, true);
+    }
+    key("b", keyDown, 2);
+    key("lost", keyDown, 1, true);
+    key("B", keyUp, 2);
+    key("A", keyUp, 1);
+    key("a", keyDown, 1);
+    key("repeat", keyDown, 1, true);
+    EXPECT_EQ(served(), "a repeat b B A a repeat");
+}
+
+TEST_F(InputLineTest, AReleaseAndAPressOfTheSameTimeAreARepeat) {
+    key("a", keyDown, 1, false, 10);
+    key("lost", keyUp, 1, false, 40);
+    key("lost", keyDown, 1, false, 40);
+    key("A", keyUp, 1, false, 70);
+    key("b", keyDown, 2, false, 70);
+    key("B", keyUp, 2, false, 80);
+    key("b", keyDown, 2, false, 90);
+    key("B", keyUp, 2);
+    key("b", keyDown, 2);
+    EXPECT_EQ(served(), "a A b B b B b");
+}
+
+TEST_F(InputLineTest, AMoveOfTheMouseTakesThePlaceOfTheOneBeforeIt) {
+    const int windows[2] = {};
+    const auto move = [&](const std::string& event, int window) {
+        enter(event, {.kind = mouseMove, .window = &windows[window]});
+    };
+    move("lost", 0);
+    move("first", 0);
+    move("other", 1);
+    move("lost", 0);
+    move("second", 0);
+    enter("press", {});
+    move("third", 0);
+    EXPECT_EQ(served(), "first other second press third");
+}
+
+TEST(DeadKeysTest, AnAccentJoinsTheNextCharacterWhereTheTwoGoTogether) {
+    struct Case {
+        /// Small letters and blanks are typed, accents are accent keys.
+        std::wstring_view keys;
+        std::wstring_view text;
+    };
+    for (const auto& [keys, text] :
+         {Case{L"´e´", L"é"}, Case{L"^A~nx", L"Âñx"}, Case{L"^x", L"^x"}, Case{L"^ e", L"^e"},
+          Case{L"´´e", L"´e"}, Case{L"`^e", L"`ê"}, Case{L"ˇs°a¸c¨y", L"šåçÿ"}, Case{L"~~~o", L"~õ"}}) {
+        DeadKeys deadKeys;
+        std::wstring typed;
+        for (const wchar_t key : keys)
+            typed += std::wstring_view(L"´`^~¨¸°ˇ").find(key) != std::wstring_view::npos
+                         ? deadKeys.accent(key)
+                         : deadKeys.typed({&key, 1});
+        EXPECT_EQ(typed, text) << testing::PrintToString(std::wstring(keys));
+    }
+    DeadKeys deadKeys;
+    deadKeys.accent(L'^');
+    EXPECT_EQ(deadKeys.typed(L""), L"")
+        << "a key without a character, such as shift, leaves the accent waiting";
+    EXPECT_EQ(deadKeys.typed(L"e"), L"ê");
+    deadKeys.accent(L'^');
+    deadKeys.reset();
+    EXPECT_EQ(deadKeys.typed(L"e"), L"e");
+}
+
+} // namespace
+} // namespace klopfmeise
