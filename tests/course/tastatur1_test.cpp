@@ -248,31 +248,6 @@ TEST_F(Einzeiler, KeyAndFingerOfTheNextCharacterLight) {
     EXPECT_EQ(zeichen.left(), 6720 + 180 - 330);
 }
 
-TEST_F(Einzeiler, APressedKeyShowsItsFrameForATenthOfASecond) {
-    öffnen();
-    const auto tippen = [&](wchar_t zeichen) { return pausen([&] { b.user.type(zeichen); }); };
-    EXPECT_EQ(tippen(L'f'), (Pausen{{100, {33}}}));
-    EXPECT_EQ(tippen(L'\b'), (Pausen{{100, {14}}}));
-    EXPECT_EQ(tippen(L'\r'), (Pausen{{100, {28}}}));
-    EXPECT_EQ(tippen(L'€'), (Pausen{{100, {18}}}));
-    EXPECT_EQ(tippen(L'"'), Pausen{});
-    const auto halten = [&](const std::vector<int>& codes) {
-        // Auto-repeat brings no second flash.
-        const auto gesehen = pausen([&] {
-            b.user.keyDown(codes);
-            b.user.keyDown(codes);
-        });
-        b.user.keyUp();
-        return gesehen;
-    };
-    EXPECT_EQ(halten({16}), (Pausen{{100, {42, 54}}}));
-    EXPECT_EQ(halten({17}), (Pausen{{100, {55, 59}}}));
-    EXPECT_EQ(halten({17, 18}), (Pausen{{100, {55, 56, 59}}}));
-    EXPECT_EQ(halten({9}), (Pausen{{100, {15}}}));
-    EXPECT_EQ(halten({20}), (Pausen{{100, {29}}}));
-    EXPECT_EQ(halten({65}), Pausen{});
-}
-
 TEST_F(Einzeiler, TheWorkbookCoversTheLineInVorlagemodus) {
     b.satz(Kontosatz::Vorlagemodus, std::int16_t{1});
     öffnen();
