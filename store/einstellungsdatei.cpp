@@ -28,7 +28,8 @@ std::wstring textnameLesen(Files& dateien, const Globale& global) {
 }
 
 bool textnameSchreiben(Files& dateien, const Globale& global, std::wstring_view name) {
-    return einstellungsdatei(dateien, global).schreibenText(satzTextname, name);
+    Kontodatei datei = einstellungsdatei(dateien, global);
+    return datei.schreibenText(satzTextname, name) && datei.schließen();
 }
 
 } // namespace klopfmeise

@@ -59,6 +59,13 @@ bool Kontodatei::schreibenText(int satz, std::wstring_view text) {
     return schreibenBytes(satz, bytes + inhalt);
 }
 
+bool Kontodatei::schließen() {
+    const bool ok = datei_ && datei_->close();
+    datei_.reset();
+    gut_ = gut_ && ok;
+    return gut_;
+}
+
 bool Kontodatei::WerteSchreiben() {
     std::string bild(angelegteSätze * Satzlänge, '\0');
     const auto einsetzen = [&](int satz, std::int16_t zahl) {

@@ -27,9 +27,9 @@ enum class Kontosatz : int {
 };
 
 /// A file of slots of 128 bytes, one tagged value at the start of each; record n begins at (n - 1) * 128.
-/// Open only within one handler: its destructor closes the file. A file that cannot be opened or read gives
-/// Empty and takes nothing, and `gut` tells it from an empty one, so that no figure is made from a value that
-/// could not be read.
+/// Open only within one handler: its destructor closes the file, `schließen` where the answer counts. A file
+/// that cannot be opened or read gives Empty and takes nothing, and `gut` tells it from an empty one, so that
+/// no figure is made from a value that could not be read.
 class Kontodatei {
 public:
     static constexpr std::size_t Satzlänge = 128;
@@ -51,7 +51,11 @@ public:
     /// The creation image: records 1 to 100 the Integer 0, then Durchgangszahl 3; one write.
     bool WerteSchreiben();
 
-    /// False once the file could not be opened, read or written.
+    /// Closes the file; nothing can be read or written any more. False if anything failed since it was
+    /// opened, or if a full share says only now that a value did not arrive.
+    bool schließen();
+
+    /// False once the file could not be opened, read, written or closed.
     bool gut() const { return gut_; }
 
 private:

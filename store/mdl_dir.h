@@ -24,7 +24,7 @@ std::wstring DatenablageLesen(Services& dienste);
 bool zulässigeDatenablage(Files& dateien, const std::wstring& ordner);
 
 /// Writes the test file of start-up, `lzf75.tst`, into the data folder; it stays behind. False if the folder
-/// cannot be written.
+/// cannot be written or has no room left.
 bool schreibprobe(Files& dateien, const std::wstring& ordner);
 
 } // namespace klopfmeise

@@ -1,8 +1,7 @@
 #include "store/mdl_registry.h"
 
+#include "platform/machine/value_text.h"
 #include "platform/values/windows1252.h"
-
-#include <algorithm>
 
 namespace klopfmeise {
 
@@ -27,6 +26,14 @@ std::string mitNullen(const std::string& text) {
         bytes += text[i] == '\r' || text[i] == '\n' ? '\0' : text[i];
     }
     return bytes;
+}
+
+/// Every zero becomes a line break.
+std::wstring mitZeilen(std::wstring_view text) {
+    std::wstring zeilen;
+    for (const wchar_t c : text)
+        zeilen += c == L'\0' ? std::wstring(L"\r\n") : std::wstring(1, c);
+    return zeilen;
 }
 
 } // namespace
@@ -54,7 +61,7 @@ RegistryStatus RegistrySchreiben(Registry& registry, std::uint32_t bereich, std:
     }
     Registry::Value inhalt;
     if (const auto* text = std::get_if<std::wstring>(&wert)) {
-        inhalt = {Registry::Type::string, toWindows1252(*text)};
+        inhalt = {Registry::Type::string, valueBytes(*text)};
         if (mehrzeilig && text->find_first_of(L"\r\n") != std::wstring::npos)
             inhalt = {Registry::Type::multiString, mitNullen(inhalt.bytes)};
     } else if (const auto* kurz = std::get_if<std::int16_t>(&wert)) {
@@ -79,10 +86,9 @@ RegistryStatus RegistryLesen(Registry& registry, std::uint32_t bereich, std::wst
     const auto status = registry.query(offen.handle, toWindows1252(name), inhalt);
     if (status == RegistryStatus::success) {
         if (inhalt.type == Registry::Type::string) {
-            ziel = fromWindows1252(inhalt.bytes);
+            ziel = valueText(inhalt.bytes);
         } else if (inhalt.type == Registry::Type::multiString) {
-            std::ranges::replace(inhalt.bytes, '\0', '\n');
-            ziel = fromWindows1252(inhalt.bytes);
+            ziel = mitZeilen(valueText(inhalt.bytes));
         } else if (inhalt.type == Registry::Type::dword && inhalt.bytes.size() == 4) {
             std::uint32_t zahl = 0;
             for (std::size_t i = 0; i < 4; ++i)
@@ -97,6 +103,9 @@ RegistryStatus RegistryLesen(Registry& registry, std::uint32_t bereich, std::wst
 std::wstring RegistryText(Registry& registry, std::wstring_view name) {
     Wert wert;
     RegistryLesen(registry, Maschine, Programmschlüssel, name, wert);
+    // A number counts by its digits: an access code laid as one must not pass for a missing code.
+    if (const auto* zahl = std::get_if<std::int32_t>(&wert))
+        return std::to_wstring(*zahl);
     const auto* text = std::get_if<std::wstring>(&wert);
     return text ? *text : std::wstring();
 }

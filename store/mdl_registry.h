@@ -20,9 +20,9 @@ RegistryStatus RegistrySchluesselDa(Registry& registry, std::uint32_t bereich, s
 std::uint32_t RegistrySchluesselAnlegen(Registry& registry, std::uint32_t bereich,
                                         std::wstring_view schlüssel);
 
-/// Writes an Integer or Long as a 32-bit number and a String as its bytes in Windows-1252, without a
-/// terminator; with `mehrzeilig` a String with line breaks becomes a multi-string. Success if the key could
-/// be opened and closed.
+/// Writes an Integer or Long as a 32-bit number and a String as its bytes in Windows-1252 (in UTF-8 behind
+/// its mark where the code page cannot hold it), without a terminator; with `mehrzeilig` a String with line
+/// breaks becomes a multi-string. Success if the key could be opened and closed.
 RegistryStatus RegistrySchreiben(Registry& registry, std::uint32_t bereich, std::wstring_view schlüssel,
                                  std::wstring_view name, const Wert& wert, bool mehrzeilig, bool anlegen);
 
@@ -31,7 +31,7 @@ RegistryStatus RegistrySchreiben(Registry& registry, std::uint32_t bereich, std:
 RegistryStatus RegistryLesen(Registry& registry, std::uint32_t bereich, std::wstring_view schlüssel,
                              std::wstring_view name, Wert& ziel);
 
-/// A string value as it is stored; empty if it is missing or no string.
+/// A string value as it is stored, or the digits of a number; empty if it is missing or neither.
 std::wstring RegistryText(Registry& registry, std::wstring_view name);
 
 } // namespace klopfmeise

@@ -56,7 +56,7 @@ Spielausgang rekordFortschreiben(Files& dateien, const Globale& global, Kontosat
         return {rekord.value_or(alt), false};
     Spielausgang ausgang{rekord.value_or(alt), false};
     if (std::isfinite(punkte) && punkte > zahl(ausgang.Rekord))
-        if (const Wert neu = punktwert(spiel, punkte); datei.schreiben(spiel, neu))
+        if (const Wert neu = punktwert(spiel, punkte); datei.schreiben(spiel, neu) && datei.schließen())
             ausgang.Rekord = neu;
     ausgang.neuerRekord = zahl(ausgang.Rekord) > zahl(alt);
     return ausgang;

@@ -63,8 +63,9 @@ void frmPfad::cmdNeuerPfad_Click() {
         datenablageAblehnen(umgebung_, L"angegebene", neu);
         return;
     }
-    umgebung_.global.Datenpfad = neu;
-    lblPfadAktuell.setCaption(gezeigt(neu));
+    // A relative path would be another folder at the next start.
+    umgebung_.global.Datenpfad = mitBackslash(dateien.absolute(neu));
+    lblPfadAktuell.setCaption(gezeigt(umgebung_.global.Datenpfad));
     OrdnerÜbernehmen();
 }
 

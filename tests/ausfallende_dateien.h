@@ -11,7 +11,7 @@
 namespace klopfmeise {
 
 enum class Störung { verweigert, kurz };
-enum class Vorgang { keiner, öffnen, lesen, schreiben, sonstiger };
+enum class Vorgang { keiner, öffnen, lesen, schreiben, schließen, sonstiger };
 
 /// The machine's files, of which the n-th operation fails: refused, or stopped half-way.
 class AusfallendeDateien : public Files {
@@ -64,6 +64,7 @@ public:
     bool removeFile(const std::wstring& path) override { return !trifft() && echt_.removeFile(path); }
     std::wstring shown(const std::wstring& path) const override { return echt_.shown(path); }
     std::wstring entered(const std::wstring& text) const override { return echt_.entered(text); }
+    std::wstring absolute(const std::wstring& path) const override { return echt_.absolute(path); }
 
 private:
     class Datei final : public RecordFile {
@@ -85,6 +86,7 @@ private:
                 echt_->write(offset, bytes.substr(0, bytes.size() / 2));
             return false;
         }
+        bool close() override { return !dateien_.trifft(Vorgang::schließen) && echt_->close(); }
 
     private:
         std::unique_ptr<RecordFile> echt_;

@@ -73,7 +73,10 @@ std::string textdatei(const fs::path& quelle) {
     std::wstring text = fromUtf8(quelltext(quelle));
     while (text.ends_with(L'\n'))
         text.pop_back();
-    RtfDocument dokument = documentFromPlainText(text);
+    auto [dokument, ausgang] = documentFromPlainText(text);
+    if (ausgang != RtfOutcome::whole)
+        throw std::runtime_error(quelle.string() + ": länger als " + std::to_string(rtfMaxCharacters) +
+                                 " Zeichen");
     for (RtfParagraph& absatz : dokument.paragraphs)
         for (RtfRun& lauf : absatz.runs) {
             lauf.format.typeface = L"Courier New";

@@ -3,6 +3,7 @@
 #include "platform/machine/services.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace klopfmeise {
@@ -23,33 +24,41 @@ void append(RtfParagraph& paragraph, wchar_t c, const RtfFormat& format) {
 
 RichTextBox::RichTextBox(Container& parent, std::wstring_view name, const Rect& place, Look look, int index)
     : TypedControl(Kind::richTextBox, parent, name, place, std::move(look), index)
-    , document_(documentFromPlainText(L"")) {}
+    , document_(documentFromPlainText(L"").document) {}
 
-void RichTextBox::setText(std::wstring_view text) {
-    RtfDocument document = documentFromPlainText(text);
-    for (RtfParagraph& paragraph : document.paragraphs)
-        for (RtfRun& run : paragraph.runs) {
-            run.format.typeface = font().name;
-            run.format.halfPoints = static_cast<int>(font().points * 2);
-            run.format.bold = font().bold;
-        }
-    setDocument(std::move(document));
+RtfFormat RichTextBox::ownFormat() const {
+    return {.typeface = std::wstring(font().name),
+            .halfPoints = static_cast<int>(std::lround(font().points * 2)),
+            .bold = font().bold};
 }
 
-bool RichTextBox::loadFile(const std::wstring& path) {
-    const auto bytes = host().files().readAll(path, rtfMaxLength);
-    if (!bytes)
-        return false;
-    setDocument(readRtf(*bytes));
-    return true;
+void RichTextBox::setText(std::wstring_view text) {
+    RtfReading reading = documentFromPlainText(text);
+    for (RtfParagraph& paragraph : reading.document.paragraphs)
+        for (RtfRun& run : paragraph.runs)
+            run.format = ownFormat();
+    setDocument(std::move(reading));
+}
+
+RtfOutcome RichTextBox::loadFile(const std::wstring& path) {
+    // Opening for records would make a missing file.
+    const bool there = !host().files().search(path).empty();
+    const auto file = there ? host().files().openRecords(path) : nullptr;
+    RtfReading reading = readRtf([&file](std::int64_t offset, std::size_t size) {
+        return file ? file->read(offset, size) : std::nullopt;
+    });
+    const RtfOutcome outcome = reading.outcome;
+    setDocument(std::move(reading));
+    return outcome;
 }
 
 bool RichTextBox::saveFile(const std::wstring& path) const {
-    return host().files().writeAll(path, writeRtf(document_));
+    return whole_ && host().files().writeAll(path, writeRtf(document_));
 }
 
-void RichTextBox::setDocument(RtfDocument document) {
-    document_ = std::move(document);
+void RichTextBox::setDocument(RtfReading reading) {
+    document_ = std::move(reading.document);
+    whole_ = reading.outcome == RtfOutcome::whole;
     text_ = document_.plainText();
     selectionStart_ = 0;
     selectionLength_ = 0;
@@ -57,10 +66,14 @@ void RichTextBox::setDocument(RtfDocument document) {
 }
 
 void RichTextBox::select(int start, int length) {
-    const int size = static_cast<int>(text_.size());
-    selectionStart_ = std::clamp(start, 0, size);
-    selectionLength_ = std::clamp(length, 0, size - selectionStart_);
+    movedTo(start, length);
     changed();
+}
+
+void RichTextBox::movedTo(int selectionStart, int selectionLength) {
+    const int size = static_cast<int>(text_.size());
+    selectionStart_ = std::clamp(selectionStart, 0, size);
+    selectionLength_ = std::clamp(selectionLength, 0, size - selectionStart_);
 }
 
 void RichTextBox::formatSelection(const RtfFormat& format, RtfAlignment alignment) {
@@ -84,13 +97,17 @@ void RichTextBox::formatSelection(const RtfFormat& format, RtfAlignment alignmen
 }
 
 void RichTextBox::edited(RtfDocument document, int selectionStart, int selectionLength) {
-    selectionStart_ = selectionStart;
-    selectionLength_ = selectionLength;
-    if (document == document_)
+    std::wstring text = document.plainText();
+    if (readOnly() || text.size() > rtfMaxCharacters) {
+        // The surface shows what was not taken.
+        changed();
         return;
+    }
+    const bool other = document != document_;
     document_ = std::move(document);
-    text_ = document_.plainText();
-    if (look().change)
+    text_ = std::move(text);
+    movedTo(selectionStart, selectionLength);
+    if (other && look().change)
         look().change();
 }
 

@@ -16,7 +16,10 @@ struct RichTextLook {
 };
 
 /// A box that loads, shows, edits and saves rich text. Positions count the characters of `text`, in which
-/// each line ends with CR LF.
+/// each line ends with CR LF. There is no undo.
+///
+/// Where a document could not be loaded whole, or was set longer than one can be, the box shows what it has
+/// of it, but it can neither be edited nor saved until it is given another: what was left out would be lost.
 class RichTextBox final : public TypedControl<RichTextLook> {
 public:
     RichTextBox(Container& parent, std::wstring_view name, const Rect& place, Look look = {},
@@ -28,9 +31,9 @@ public:
     const std::wstring& text() const { return text_; }
     /// Replaces all by plain text in the box's own format.
     void setText(std::wstring_view text);
-    /// Loads a file, RTF or plain text. False if it cannot be read; the box then stays as it was.
-    bool loadFile(const std::wstring& path);
-    /// Saves as RTF.
+    /// Loads a file, RTF or plain text. A box whose file could not be read is empty.
+    RtfOutcome loadFile(const std::wstring& path);
+    /// Saves as RTF. False if that failed, or if the box does not hold all of its document.
     bool saveFile(const std::wstring& path) const;
 
     int selectionStart() const { return selectionStart_; }
@@ -40,16 +43,22 @@ public:
     /// Gives the selected characters this format, and the paragraphs that they touch this alignment.
     void formatSelection(const RtfFormat& format, RtfAlignment alignment);
 
-    /// What the user made of document and selection; calls `change` if the document is another.
+    /// What the user made of document and selection; calls `change` if the document is another. One that is
+    /// too long is not taken.
     void edited(RtfDocument document, int selectionStart, int selectionLength);
+    /// The user moved the caret or selected something.
+    void movedTo(int selectionStart, int selectionLength);
 
     const Font& font() const { return look().font; }
-    bool readOnly() const { return look().readOnly; }
+    /// What is typed into an empty box looks like this.
+    RtfFormat ownFormat() const;
+    bool readOnly() const { return look().readOnly || !whole_; }
 
 private:
-    void setDocument(RtfDocument document);
+    void setDocument(RtfReading reading);
 
     RtfDocument document_;
+    bool whole_ = true;
     std::wstring text_;
     int selectionStart_ = 0;
     int selectionLength_ = 0;

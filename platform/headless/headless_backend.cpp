@@ -7,14 +7,18 @@ namespace {
 /// Remembers what was painted inside a handler; all other changes can be read off the model.
 class HeadlessView final : public FormView {
 public:
-    HeadlessView(Form& form, std::vector<std::wstring>& log)
+    HeadlessView(Form& form, HeadlessBackend& backend)
         : form_(form)
-        , log_(log) {}
+        , backend_(backend) {}
 
     void controlRemoved(Control&) override {}
     void controlChanged(Control&) override {}
     void areaDirty(Container&, const Rect&) override {}
-    void paintNow(Container&, const Rect&) override { note(L"paint "); }
+    void paintNow(Container&, const Rect&) override {
+        note(L"paint ");
+        if (backend_.whenPainted)
+            backend_.whenPainted(form_);
+    }
     void formChanged() override {}
     void show() override { note(L"show "); }
     void hide() override { note(L"hide "); }
@@ -22,16 +26,16 @@ public:
     void takeFocus(Control&) override {}
 
 private:
-    void note(std::wstring what) { log_.push_back(what.append(form_.name())); }
+    void note(std::wstring what) { backend_.log.push_back(what.append(form_.name())); }
 
     Form& form_;
-    std::vector<std::wstring>& log_;
+    HeadlessBackend& backend_;
 };
 
 } // namespace
 
 std::unique_ptr<FormView> HeadlessBackend::makeView(Form& form) {
-    return std::make_unique<HeadlessView>(form, log);
+    return std::make_unique<HeadlessView>(form, *this);
 }
 
 Answer HeadlessBackend::showMessage(const Message& message) {

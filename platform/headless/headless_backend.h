@@ -26,6 +26,8 @@ public:
 
     /// Called at the beginning of each wait, for a look at the screen or for keys that come meanwhile.
     std::function<void(int milliseconds)> duringWait;
+    /// Called at each painting inside a handler, for a look at what a person sees at that moment.
+    std::function<void(Form& form)> whenPainted;
     /// Message boxes shown so far.
     std::vector<Message> messages;
     /// Answers to come; where none is left, the one that changes nothing.

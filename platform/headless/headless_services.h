@@ -70,11 +70,13 @@ public:
             return {RegistryStatus::fileNotFound, 0};
         if (access != readOnly && refuseWrite)
             return {RegistryStatus::accessDenied, 0};
+        ++openHandles;
         return {RegistryStatus::success, 1};
     }
     Created create(std::uint32_t, const std::string&, std::uint32_t) override {
         if (refuseWrite)
             return {RegistryStatus::accessDenied, 0, 0};
+        ++openHandles;
         return {RegistryStatus::success, 1, std::exchange(keyThere, true) ? 2u : 1u};
     }
     RegistryStatus flush(Handle) override { return RegistryStatus::success; }
@@ -89,9 +91,15 @@ public:
         values[name] = value;
         return RegistryStatus::success;
     }
-    RegistryStatus close(Handle) override { return RegistryStatus::success; }
+    RegistryStatus close(Handle) override {
+        --openHandles;
+        return closing;
+    }
 
     std::map<std::string, Value> values;
+    int openHandles = 0;
+    /// What a close answers.
+    RegistryStatus closing = RegistryStatus::success;
     bool keyThere = true;
     bool refuseWrite = false;
 

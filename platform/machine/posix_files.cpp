@@ -1,5 +1,6 @@
 #include "platform/machine/posix_files.h"
 
+#include "platform/machine/whole_file.h"
 #include "platform/values/text.h"
 
 #include <algorithm>
@@ -7,6 +8,7 @@
 #include <cstdio>
 #include <dirent.h>
 #include <fcntl.h>
+#include <filesystem>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -14,27 +16,6 @@
 namespace klopfmeise {
 
 namespace {
-
-/// A file descriptor that closes itself.
-class Descriptor {
-public:
-    explicit Descriptor(int number)
-        : number_(number) {}
-    ~Descriptor() {
-        if (number_ >= 0)
-            ::close(number_);
-    }
-    Descriptor(Descriptor&& other) noexcept
-        : number_(std::exchange(other.number_, -1)) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    Descriptor& operator=(Descriptor&&) = delete;
-    explicit operator bool() const { return number_ >= 0; }
-    int number() const { return number_; }
-
-private:
-    int number_;
-};
 
 struct CloseFolder {
     void operator()(DIR* folder) const { ::closedir(folder); }
@@ -45,6 +26,12 @@ std::string machinePath(std::wstring_view path) {
     std::string bytes = toUtf8(path);
     std::ranges::replace(bytes, '\\', '/');
     return bytes;
+}
+
+std::string withoutEndSlash(std::string path) {
+    while (path.size() > 1 && path.back() == '/')
+        path.pop_back();
+    return path;
 }
 
 bool exists(const std::string& path) {
@@ -92,39 +79,16 @@ public:
         : file_(std::move(file)) {}
 
     std::optional<std::string> read(std::int64_t offset, std::size_t size) override {
-        std::string bytes(size, '\0');
-        std::size_t got = 0;
-        while (got < size) {
-            const ssize_t n = ::pread(file_.number(), bytes.data() + got, size - got,
-                                      static_cast<off_t>(offset + static_cast<std::int64_t>(got)));
-            if (n < 0 && errno == EINTR)
-                continue;
-            if (n < 0)
-                return std::nullopt;
-            if (n == 0)
-                break;
-            got += static_cast<std::size_t>(n);
-        }
-        bytes.resize(got);
-        return bytes;
+        return readAt(file_, offset, size);
     }
-
     bool write(std::int64_t offset, std::string_view bytes) override {
-        ssize_t n = 0;
-        do {
-            n = ::pwrite(file_.number(), bytes.data(), bytes.size(), static_cast<off_t>(offset));
-        } while (n < 0 && errno == EINTR);
-        return n == static_cast<ssize_t>(bytes.size());
+        return overwrite(file_, offset, bytes);
     }
+    bool close() override { return file_.close(); }
 
 private:
     Descriptor file_;
 };
-
-bool isFile(int descriptor) {
-    struct stat status {};
-    return ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
-}
 
 /// Opens `path`, first as written, then in the spelling on disk.
 Descriptor openFound(const std::string& path, int flags) {
@@ -191,66 +155,34 @@ std::vector<std::wstring> list(const std::wstring& path, bool folders, Wanted wa
     return sortedNames(std::move(names));
 }
 
-bool writeFully(int descriptor, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t n = ::write(descriptor, bytes.data(), bytes.size());
-        if (n < 0 && errno == EINTR)
-            continue;
-        if (n <= 0)
-            return false;
-        bytes.remove_prefix(static_cast<std::size_t>(n));
-    }
-    return true;
-}
-
 } // namespace
 
 std::unique_ptr<RecordFile> PosixFiles::openRecords(const std::wstring& path) {
     const std::string place = machinePath(path);
     Descriptor file = openFound(place, O_RDWR);
-    if (!file && (errno == EACCES || errno == EROFS || errno == EPERM)) {
-        Descriptor readOnly = openFound(place, O_RDONLY);
-        if (!readOnly || !isFile(readOnly.number()))
-            return nullptr;
-        return std::make_unique<PosixRecordFile>(std::move(readOnly));
-    }
     if (!file && errno == ENOENT) {
-        Descriptor made(::open(resolved(place).c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0666));
-        return made ? std::make_unique<PosixRecordFile>(std::move(made)) : nullptr;
+        const std::string missing = resolved(place);
+        file = makeFile(missing, O_RDWR, rightsForFileIn(folderOf(missing)));
+        // Another machine may have made it since.
+        if (!file && errno == EEXIST)
+            file = openFound(missing, O_RDWR);
     }
-    if (!file)
-        return nullptr;
-    return std::make_unique<PosixRecordFile>(std::move(file));
+    if (!file && (errno == EACCES || errno == EROFS || errno == EPERM)) {
+        file = openFound(place, O_RDONLY);
+        if (!file || !isFile(file))
+            return nullptr;
+    }
+    return file ? std::make_unique<PosixRecordFile>(std::move(file)) : nullptr;
 }
 
 std::optional<std::string> PosixFiles::readAll(const std::wstring& path, std::size_t limit) {
     const Descriptor file = openFound(machinePath(path), O_RDONLY);
-    struct stat status {};
-    if (!file || ::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode))
-        return std::nullopt;
-    std::string bytes(std::min(limit, static_cast<std::size_t>(status.st_size)), '\0');
-    std::size_t got = 0;
-    while (got < bytes.size()) {
-        const ssize_t n = ::read(file.number(), bytes.data() + got, bytes.size() - got);
-        if (n < 0 && errno == EINTR)
-            continue;
-        if (n < 0)
-            return std::nullopt;
-        if (n == 0)
-            break;
-        got += static_cast<std::size_t>(n);
-    }
-    bytes.resize(got);
-    return bytes;
+    return file ? readWhole(file, limit) : std::nullopt;
 }
 
 bool PosixFiles::writeAll(const std::wstring& path, std::string_view bytes) {
-    // Over the old content first and cut afterwards, so that a full disk does not leave an emptied file; a
-    // replacement by rename is refused by some network shares.
     const std::string place = resolved(machinePath(path));
-    const Descriptor file(::open(place.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0666));
-    return file && writeFully(file.number(), bytes) &&
-           ::ftruncate(file.number(), static_cast<off_t>(bytes.size())) == 0;
+    return replaceFile(place, bytes, rightsForFileIn(folderOf(place)));
 }
 
 std::wstring PosixFiles::search(const std::wstring& path) {
@@ -275,7 +207,13 @@ std::vector<std::wstring> PosixFiles::listFolders(const std::wstring& folder) {
 }
 
 bool PosixFiles::makeFolder(const std::wstring& path) {
-    return ::mkdir(resolved(machinePath(path)).c_str(), 0777) == 0;
+    const std::string place = withoutEndSlash(resolved(machinePath(path)));
+    const Rights rights = rightsForFolderIn(folderOf(place));
+    if (::mkdir(place.c_str(), rights.mode & 0777) != 0)
+        return false;
+    if (const Descriptor made(::open(place.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC)); made)
+        give(rights, made);
+    return true;
 }
 
 bool PosixFiles::removeFolder(const std::wstring& path) {
@@ -289,7 +227,17 @@ bool PosixFiles::copyFile(const std::wstring& from, const std::wstring& to) {
 }
 
 bool PosixFiles::rename(const std::wstring& from, const std::wstring& to) {
-    return std::rename(resolved(machinePath(from)).c_str(), machinePath(to).c_str()) == 0;
+    const std::string source = withoutEndSlash(resolved(machinePath(from)));
+    const std::string target = withoutEndSlash(machinePath(to));
+    const std::string there = resolved(target);
+    // Only a change of case may meet a name that is there: nothing is replaced.
+    struct stat moved {};
+    struct stat met {};
+    if (::stat(there.c_str(), &met) == 0 &&
+        (::stat(source.c_str(), &moved) != 0 || moved.st_ino != met.st_ino || moved.st_dev != met.st_dev))
+        return false;
+    const std::string name = target.substr(target.rfind('/') + 1);
+    return std::rename(source.c_str(), (folderOf(there) + "/" + name).c_str()) == 0;
 }
 
 bool PosixFiles::removeFile(const std::wstring& path) {
@@ -300,6 +248,12 @@ std::wstring PosixFiles::shown(const std::wstring& path) const {
     std::wstring text = path;
     std::ranges::replace(text, L'\\', L'/');
     return text;
+}
+
+std::wstring PosixFiles::absolute(const std::wstring& path) const {
+    std::error_code failed;
+    const auto place = std::filesystem::absolute(machinePath(path), failed);
+    return failed ? path : entered(fromUtf8(place.lexically_normal().string()));
 }
 
 std::wstring PosixFiles::entered(const std::wstring& text) const {

@@ -5,7 +5,8 @@
 namespace klopfmeise {
 
 /// The files of this machine. A name that is not there as it is written is looked for without regard to case,
-/// by one listing of its folder. Hidden files and folders (a leading dot) are not listed.
+/// by one listing of its folder. Hidden files and folders (a leading dot) are not listed. What is made takes
+/// the rights of its folder.
 class PosixFiles final : public Files {
 public:
     std::unique_ptr<RecordFile> openRecords(const std::wstring& path) override;
@@ -22,6 +23,7 @@ public:
     bool removeFile(const std::wstring& path) override;
     std::wstring shown(const std::wstring& path) const override;
     std::wstring entered(const std::wstring& text) const override;
+    std::wstring absolute(const std::wstring& path) const override;
 };
 
 } // namespace klopfmeise

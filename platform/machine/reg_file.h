@@ -3,7 +3,9 @@
 #include "platform/machine/services.h"
 
 #include <map>
+#include <string>
 #include <utility>
+#include <vector>
 
 namespace klopfmeise {
 
@@ -15,8 +17,9 @@ namespace klopfmeise {
 ///     "Datenablage"=hex(1):2f,73,72,76,2f
 ///
 /// A quoted string carries its terminating zero, `hex(1)` is the bytes of a string in Windows-1252 as they
-/// are, `hex(7)` a multi-string, `dword:` a number. Lines that are none of these are kept when the file is
-/// written again. Names of keys and values compare without regard to case.
+/// are, `hex(7)` a multi-string, `dword:` a number. A string that the code page cannot hold, quoted or not,
+/// comes and goes as UTF-8 behind its mark. The file may be stored in UTF-8, in Windows-1252, or in UTF-16
+/// with a mark, and stays so. Key and value names are handed over in Windows-1252.
 class RegFile final : public Registry {
 public:
     /// HKEY_LOCAL_MACHINE, the only hive there is.
@@ -33,15 +36,17 @@ public:
     RegistryStatus flush(Handle handle) override;
     RegistryStatus query(Handle handle, const std::string& name, Value& value) override;
     RegistryStatus set(Handle handle, const std::string& name, const Value& value) override;
-    /// Writes what has been set: a temporary file beside the real one, flushed, then renamed over it.
+    /// Writes what has been set, the folder of the file included where it is missing.
     RegistryStatus close(Handle handle) override;
 
 private:
     struct Key {
-        std::string name;
+        std::wstring name;
         bool writable = false;
-        bool changed = false;
-        std::map<std::string, Value> values;
+        /// By their names in upper case.
+        std::map<std::wstring, Value> values;
+        /// Names of what has been set and not yet written.
+        std::vector<std::wstring> changed;
     };
 
     bool writable() const;

@@ -36,7 +36,8 @@ public:
     virtual int play(const std::wstring& path) = 0;
 };
 
-/// A file open for random access in records, closed by its destructor. Nothing is buffered.
+/// A file open for random access in records, closed by its destructor at the latest. Nothing is buffered in
+/// the program.
 class RecordFile {
 public:
     virtual ~RecordFile() = default;
@@ -44,8 +45,11 @@ public:
     /// reading failed.
     virtual std::optional<std::string> read(std::int64_t offset, std::size_t size) = 0;
     /// Writes all bytes at `offset` in one go, extending the file if need be. False if they did not all
-    /// arrive.
+    /// arrive; then what stood there is put back.
     virtual bool write(std::int64_t offset, std::string_view bytes) = 0;
+    /// Closes the file, and tells what a share may say only now: false if something written did not arrive.
+    /// Not a flush, which would be too dear for the record that is rewritten at every key.
+    virtual bool close() = 0;
 };
 
 /// Files and folders. Paths carry backslashes; names are found without regard to case (the exact name first).
@@ -58,7 +62,8 @@ public:
     virtual std::unique_ptr<RecordFile> openRecords(const std::wstring& path) = 0;
     /// The whole file, at most `limit` bytes of it; no value if it cannot be read.
     virtual std::optional<std::string> readAll(const std::wstring& path, std::size_t limit) = 0;
-    /// Replaces the content of a file, or creates it.
+    /// Replaces the content of a file, or creates it. The new content has arrived whole, on the disk or the
+    /// server, or the old one is there as before.
     virtual bool writeAll(const std::wstring& path, std::string_view bytes) = 0;
     /// The name of the file at exactly this path, as it is written on disk; empty if there is none.
     virtual std::wstring search(const std::wstring& path) = 0;
@@ -70,12 +75,14 @@ public:
     virtual bool makeFolder(const std::wstring& path) = 0;
     virtual bool removeFolder(const std::wstring& path) = 0;
     virtual bool copyFile(const std::wstring& from, const std::wstring& to) = 0;
-    /// Renames a file or a folder.
+    /// Renames a file or a folder; nothing that bears the new name is replaced.
     virtual bool rename(const std::wstring& from, const std::wstring& to) = 0;
     virtual bool removeFile(const std::wstring& path) = 0;
     /// The path as a person on this machine writes it, and back from what such a person types.
     virtual std::wstring shown(const std::wstring& path) const = 0;
     virtual std::wstring entered(const std::wstring& text) const = 0;
+    /// The path as it holds wherever the program is started from.
+    virtual std::wstring absolute(const std::wstring& path) const = 0;
 };
 
 /// What the desktop does for the program. Results are not inspected.

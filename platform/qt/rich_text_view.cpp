@@ -5,11 +5,13 @@
 #include "platform/qt/text_painter.h"
 
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QSignalBlocker>
 #include <QTextBlock>
 #include <QTextEdit>
 
 #include <algorithm>
+#include <utility>
 
 namespace klopfmeise {
 
@@ -55,11 +57,14 @@ QTextCharFormat shownFormat(const RtfFormat& format, const Font& boxFont, const 
     return shown;
 }
 
-RtfFormat modelFormat(const QTextCharFormat& shown, const Font& boxFont) {
-    RtfFormat format;
+/// Characters that came in without a format of the document (typed into an empty box) look like the box.
+RtfFormat modelFormat(const QTextCharFormat& shown, const RichTextBox& box) {
     const int size = shown.intProperty(halfPoints);
-    format.halfPoints = size > 0 ? size : static_cast<int>(boxFont.points * 2);
-    format.typeface = size > 0 ? fromQt(shown.stringProperty(typeface)) : std::wstring(boxFont.name);
+    if (size <= 0)
+        return box.ownFormat();
+    RtfFormat format;
+    format.halfPoints = size;
+    format.typeface = fromQt(shown.stringProperty(typeface));
     format.bold = shown.fontWeight() >= QFont::Bold;
     format.italic = shown.fontItalic();
     format.underlined = shown.fontUnderline();
@@ -68,55 +73,144 @@ RtfFormat modelFormat(const QTextCharFormat& shown, const Font& boxFont) {
     return format;
 }
 
-/// Places in the model's text, where a line end counts two, against those in the editor, where it counts one.
+/// The units that a character of the model's text takes in the editor, which counts a line end as one and a
+/// character beyond FFFF as two.
+int unitsAt(const std::wstring& text, std::size_t place) {
+    if (text[place] == L'\n')
+        return 0;
+    return text[place] > 0xFFFF ? 2 : 1;
+}
 int editorPosition(const std::wstring& text, int place) {
-    const auto end = text.begin() + std::clamp(place, 0, static_cast<int>(text.size()));
-    return place - static_cast<int>(std::count(text.begin(), end, L'\n'));
+    int position = 0;
+    for (std::size_t at = 0; at < text.size() && at < static_cast<std::size_t>(place); ++at)
+        position += unitsAt(text, at);
+    return position;
 }
 int modelPosition(const std::wstring& text, int position) {
-    int place = 0;
-    for (int at = 0; at < position && place < static_cast<int>(text.size()); ++at)
-        place += text[static_cast<std::size_t>(place)] == L'\r' ? 2 : 1;
-    return place;
+    std::size_t place = 0;
+    // A line feed belongs to the carriage return before it.
+    for (int left = position; place < text.size() && (left > 0 || text[place] == L'\n'); ++place)
+        left -= unitsAt(text, place);
+    return static_cast<int>(place);
 }
 
-class RichTextView final : public ControlView {
+/// What gets into the editor of a typed or pasted text: no more than there is room for, line ends as the
+/// editor has them.
+QString admitted(const QString& text, std::size_t room) {
+    std::wstring taken;
+    for (const wchar_t c : fromQt(QString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")))) {
+        const wchar_t character = rtfCharacter(c == L'\r' ? L'\n' : c);
+        const std::size_t places = character == 0 ? 0 : character == L'\n' ? 2 : 1;
+        if (places > room)
+            break;
+        room -= places;
+        if (character != 0)
+            taken += character;
+    }
+    return toQt(taken);
+}
+
+/// Accents are composed by the program itself; there is no undo, since each change is a new document to the
+/// program.
+class Editor final : public QTextEdit {
 public:
-    RichTextView(QtFormView& view, RichTextBox& box, QTextEdit* widget)
-        : ControlView(view, box, widget)
-        , box_(box)
-        , edit_(*widget) {
-        edit_.setAcceptRichText(false);
-        edit_.setTabChangesFocus(true);
-        edit_.setReadOnly(box.readOnly());
-        edit_.setFrameShape(QFrame::NoFrame);
-        const auto told = [this] {
-            tell([this] {
-                RtfDocument document = documentOf();
-                const std::wstring text = document.plainText();
-                const QTextCursor cursor = edit_.textCursor();
-                const int start = modelPosition(text, cursor.selectionStart());
-                const int end = modelPosition(text, cursor.selectionEnd());
-                shown_ = document;
-                box_.edited(std::move(document), start, end - start);
-            });
-        };
-        QObject::connect(widget, &QTextEdit::textChanged, widget, told);
-        QObject::connect(widget, &QTextEdit::selectionChanged, widget, told);
+    Editor(const RichTextBox& box, QWidget* parent)
+        : QTextEdit(parent)
+        , box_(box) {
+        setAcceptRichText(false);
+        setTabChangesFocus(true);
+        setUndoRedoEnabled(false);
+        setFrameShape(QFrame::NoFrame);
+    }
+
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override {
+        return query == Qt::ImEnabled ? QVariant(false) : QTextEdit::inputMethodQuery(query);
+    }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        const QString text = event->text();
+        const bool types = !text.isEmpty() && (text[0].isPrint() || text[0] == u'\r');
+        if (!types || isReadOnly()) {
+            QTextEdit::keyPressEvent(event);
+            return;
+        }
+        const QString left = admitted(text, room());
+        const bool asItIs = left == text || (text[0] == u'\r' && !left.isEmpty());
+        if (asItIs) {
+            QTextEdit::keyPressEvent(event);
+        } else {
+            textCursor().insertText(left);
+            ensureCursorVisible();
+        }
+    }
+    void insertFromMimeData(const QMimeData* source) override {
+        if (isReadOnly())
+            return;
+        textCursor().insertText(admitted(source->text(), room()));
+        ensureCursorVisible();
     }
 
 private:
+    /// Characters that still fit, counted as the model does.
+    std::size_t room() const {
+        const QTextCursor cursor = textCursor();
+        const int chosen = modelPosition(box_.text(), cursor.selectionEnd()) -
+                           modelPosition(box_.text(), cursor.selectionStart());
+        return rtfMaxCharacters - box_.text().size() + static_cast<std::size_t>(chosen);
+    }
+
+    const RichTextBox& box_;
+};
+
+class RichTextView final : public ControlView {
+public:
+    RichTextView(QtFormView& view, RichTextBox& box, Editor* widget)
+        : ControlView(view, box, widget)
+        , box_(box)
+        , edit_(*widget) {
+        const auto told = [this] { tell([this] { tellModel(); }); };
+        QObject::connect(widget, &QTextEdit::textChanged, widget, [this, told] {
+            edited_ = true;
+            if (edit_.document()->isEmpty())
+                forgetFormat();
+            told();
+        });
+        QObject::connect(widget, &QTextEdit::selectionChanged, widget, told);
+        QObject::connect(widget, &QTextEdit::cursorPositionChanged, widget, told);
+    }
+
+private:
+    void tellModel() {
+        const bool edited = std::exchange(edited_, false);
+        // The program has put another document there meanwhile.
+        if (shown_ != box_.document())
+            return;
+        RtfDocument document = edited ? documentOf() : RtfDocument();
+        const std::wstring text = edited ? document.plainText() : box_.text();
+        const QTextCursor cursor = edit_.textCursor();
+        const int start = modelPosition(text, cursor.selectionStart());
+        const int length = modelPosition(text, cursor.selectionEnd()) - start;
+        if (edited) {
+            shown_ = document;
+            box_.edited(std::move(document), start, length);
+        } else {
+            box_.movedTo(start, length);
+        }
+    }
+
     void syncLook(const Scale& scale) override {
         // A box that only holds a text for the program is never laid out.
         if (!box_.visible())
             return;
         const QSignalBlocker quiet(edit_);
+        edit_.setReadOnly(box_.readOnly());
         if (!built_ || shown_ != box_.document() || scale_ != scale)
             build(scale);
         QTextCursor cursor = edit_.textCursor();
         const int start = editorPosition(box_.text(), box_.selectionStart());
         const int end = editorPosition(box_.text(), box_.selectionStart() + box_.selectionLength());
-        if (cursor.selectionStart() != start || cursor.selectionEnd() != end) {
+        if (!edited_ && (cursor.selectionStart() != start || cursor.selectionEnd() != end)) {
             cursor.setPosition(start);
             cursor.setPosition(end, QTextCursor::KeepAnchor);
             edit_.setTextCursor(cursor);
@@ -124,27 +218,43 @@ private:
     }
 
     void build(const Scale& scale) {
+        edited_ = false;
+        scale_ = scale;
         edit_.clear();
         edit_.setFont(widgetFont(box_.font(), scale));
         QTextCursor cursor(edit_.document());
         cursor.beginEditBlock();
+        QTextCharFormat last = ownFormat();
         bool first = true;
         for (const RtfParagraph& paragraph : box_.document().paragraphs) {
             QTextBlockFormat block;
             block.setAlignment(alignment(paragraph.alignment));
-            if (first)
+            // What is typed into an empty line goes on as the line before it ended.
+            if (first) {
                 cursor.setBlockFormat(block);
-            else
-                cursor.insertBlock(block);
+                cursor.setBlockCharFormat(last);
+            } else {
+                cursor.insertBlock(block, last);
+            }
             first = false;
-            for (const RtfRun& run : paragraph.runs)
-                cursor.insertText(toQt(run.text).replace(u'\n', QChar::LineSeparator),
-                                  shownFormat(run.format, box_.font(), scale));
+            for (const RtfRun& run : paragraph.runs) {
+                last = shownFormat(run.format, box_.font(), scale);
+                cursor.insertText(toQt(run.text).replace(u'\n', QChar::LineSeparator), last);
+            }
         }
         cursor.endEditBlock();
         shown_ = box_.document();
-        scale_ = scale;
         built_ = true;
+    }
+
+    QTextCharFormat ownFormat() const { return shownFormat(box_.ownFormat(), box_.font(), scale_); }
+
+    /// The emptied editor would go on in the format of what was deleted.
+    void forgetFormat() {
+        const QSignalBlocker quiet(edit_);
+        QTextCursor cursor(edit_.document());
+        cursor.setBlockCharFormat(ownFormat());
+        edit_.setCurrentCharFormat(ownFormat());
     }
 
     RtfDocument documentOf() const {
@@ -154,7 +264,7 @@ private:
             for (auto it = block.begin(); !it.atEnd(); ++it) {
                 QString text = it.fragment().text();
                 RtfRun run{fromQt(text.replace(QChar::LineSeparator, u'\n')),
-                           modelFormat(it.fragment().charFormat(), box_.font())};
+                           modelFormat(it.fragment().charFormat(), box_)};
                 if (!paragraph.runs.empty() && paragraph.runs.back().format == run.format)
                     paragraph.runs.back().text += run.text;
                 else
@@ -166,16 +276,18 @@ private:
     }
 
     RichTextBox& box_;
-    QTextEdit& edit_;
+    Editor& edit_;
     RtfDocument shown_;
     Scale scale_;
     bool built_ = false;
+    /// The user changed the text and the model has not been told yet.
+    bool edited_ = false;
 };
 
 } // namespace
 
 std::unique_ptr<ControlView> makeRichTextView(QtFormView& view, RichTextBox& box, QWidget* parent) {
-    return std::make_unique<RichTextView>(view, box, new QTextEdit(parent));
+    return std::make_unique<RichTextView>(view, box, new Editor(box, parent));
 }
 
 } // namespace klopfmeise

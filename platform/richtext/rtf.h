@@ -2,14 +2,19 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace klopfmeise {
 
-/// Longer input is cut there before it is read.
-inline constexpr std::size_t rtfMaxLength = 16U * 1024U * 1024U;
+/// A document holds at most as many characters, counted as in RtfDocument::plainText.
+inline constexpr std::size_t rtfMaxCharacters = 100'000;
+/// At most as many bytes of a document are looked at. Binary data of known length is leapt over and does not
+/// count.
+inline constexpr std::size_t rtfMaxLength = std::size_t{256} << 20U;
 
 struct RtfFormat {
     std::wstring typeface; ///< empty: the font of the box that shows the text
@@ -24,7 +29,7 @@ struct RtfFormat {
 enum class RtfAlignment { left, right, center, justified };
 
 /// Characters of one format. L'\n' is a line break inside the paragraph, L'\t' a tab; no other control
-/// characters.
+/// characters, and none that rtfCharacter makes another one.
 struct RtfRun {
     std::wstring text;
     RtfFormat format;
@@ -42,24 +47,43 @@ struct RtfDocument {
     std::vector<RtfParagraph> paragraphs;
 
     /// The characters alone: CR LF between paragraphs and for each line break, nothing after the last
-    /// paragraph. A \par always opens a further paragraph, as in a rich-text box, so "a" alone reads as "a",
-    /// and "a\par" at the end of a document as "a" CR LF.
+    /// paragraph.
     [[nodiscard]] std::wstring plainText() const;
     bool operator==(const RtfDocument&) const = default;
 };
 
-/// Reads RTF, or plain text where the bytes do not begin with "{\rtf" (Windows-1252, or UTF-8 after a byte
-/// order mark; lines end with CR LF, LF or CR). Never fails: a broken document gives what could be read of
-/// it. The result has at least one paragraph, no empty runs, and no neighbouring runs of the same format.
+/// What a document takes a character for, since a text must consist of what keys type: a blank of any width
+/// is a blank, a hyphen of any kind a hyphen, a line or paragraph separator a line break. 0 stands for
+/// nothing: marks without a width, and control characters but tab and line break.
+[[nodiscard]] wchar_t rtfCharacter(wchar_t character);
+
+enum class RtfOutcome {
+    whole,
+    cut,   ///< the beginning of a document that is beyond the bounds
+    failed ///< the bytes could not be read
+};
+
+struct RtfReading {
+    RtfDocument document; ///< at least one paragraph, no empty runs, no neighbouring runs of the same format
+    RtfOutcome outcome = RtfOutcome::whole;
+};
+
+/// Gives up to `size` bytes from `offset` on, none only at the end; no value if reading failed.
+using RtfSource = std::function<std::optional<std::string>(std::int64_t offset, std::size_t size)>;
+
+/// Reads RTF, or plain text where the bytes do not begin with "{\rtf": UTF-16 behind its byte order mark,
+/// UTF-8 if all of it is, else Windows-1252; lines end with CR LF, LF or CR. A broken document gives what
+/// could be read of it. A \par ends a paragraph: "a" and "a\par" at the end of a document are the same.
 /// Hidden and deleted text, pictures, headers, footers, notes and list numbers are left out; a table's cells
 /// end with a tab.
-[[nodiscard]] RtfDocument readRtf(std::string_view bytes);
+[[nodiscard]] RtfReading readRtf(const RtfSource& source);
+[[nodiscard]] RtfReading readRtf(std::string_view bytes);
 
-/// A paragraph for each line, in the default format. CR LF, LF and CR end a line; other control characters
-/// than the tab are dropped.
-[[nodiscard]] RtfDocument documentFromPlainText(std::wstring_view text);
+/// A paragraph for each line, in the default format. CR LF, LF and CR divide lines.
+[[nodiscard]] RtfReading documentFromPlainText(std::wstring_view text);
 
-/// ASCII bytes. \par stands between the paragraphs only, so that reading gives the same document again.
+/// ASCII bytes, from which reading gives the same document again. Each paragraph ends with \par, the last one
+/// too.
 [[nodiscard]] std::string writeRtf(const RtfDocument& document);
 
 } // namespace klopfmeise

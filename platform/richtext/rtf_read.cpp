@@ -1,13 +1,15 @@
 #include "platform/richtext/rtf.h"
 #include "platform/richtext/rtf_builder.h"
+#include "platform/richtext/rtf_bytes.h"
+#include "platform/richtext/rtf_code_pages.h"
 #include "platform/richtext/rtf_plain_text.h"
 #include "platform/richtext/rtf_state.h"
 #include "platform/richtext/rtf_tables.h"
 #include "platform/richtext/rtf_words.h"
 #include "platform/values/utf8.h"
-#include "platform/values/windows1252.h"
 
 #include <algorithm>
+#include <string>
 #include <utility>
 
 namespace klopfmeise {
@@ -17,15 +19,16 @@ namespace {
 constexpr std::size_t maxDepth = 1000;
 constexpr int maxNumber = 1'000'000'000;
 constexpr int maxSubstitutes = 1000;
+constexpr std::size_t maxWordLength = 32;
 constexpr std::string_view signature = "{\\rtf";
 
 static_assert(sizeof(wchar_t) >= 4, "a surrogate pair becomes one character");
 
-constexpr bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+constexpr bool isLetter(int c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
-constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
+constexpr bool isDigit(int c) { return c >= '0' && c <= '9'; }
 
-constexpr int hexValue(char c) {
+constexpr int hexValue(int c) {
     if (isDigit(c))
         return c - '0';
     if (c >= 'a' && c <= 'f')
@@ -38,9 +41,9 @@ constexpr wchar_t withoutLineEnd(wchar_t character) { return character == L'\n' 
 
 class Reader {
 public:
-    explicit Reader(std::string_view bytes)
+    explicit Reader(RtfBytes& bytes)
         : bytes_(bytes) {}
-    [[nodiscard]] RtfDocument read();
+    [[nodiscard]] RtfReading read();
 
 private:
     void openGroup();
@@ -54,10 +57,10 @@ private:
     void put(wchar_t character, bool raw);
     void endParagraph();
     void putHalf();
-    const RtfFormat& format();
+    wchar_t character(int byte);
+    void refresh();
 
-    std::string_view bytes_;
-    std::size_t at_ = 0;
+    RtfBytes& bytes_;
     bool ended_ = false;
 
     RtfBuilder builder_;
@@ -68,13 +71,22 @@ private:
     std::uint32_t high_ = 0;  ///< first half of a surrogate pair, 0: none
 
     RtfTables tables_;
+    int documentCodePage_ = codePageAnsi;
+    // What follows from tables and state; anew by refresh().
     RtfFormat format_;
-    bool formatStale_ = true;
+    int codePage_ = codePageAnsi;
+    bool stale_ = true;
 };
 
-RtfDocument Reader::read() {
-    while (!ended_ && at_ < bytes_.size()) {
-        const char c = bytes_[at_++];
+RtfReading Reader::read() {
+    while (!ended_ && !builder_.full() && bytes_.peek() >= 0) {
+        // Pictures are long, and as text in hexadecimal figures they have no length to leap over.
+        if (state_.target == RtfTarget::nowhere && skip_ == 0 && high_ == 0) {
+            bytes_.goTo("{}\\");
+            if (bytes_.peek() < 0)
+                break;
+        }
+        const char c = bytes_.next();
         switch (c) {
         case '{':
             openGroup();
@@ -89,11 +101,14 @@ RtfDocument Reader::read() {
         case '\n':
             break;
         default:
-            take(fromWindows1252(static_cast<unsigned char>(c)), true);
+            take(character(static_cast<unsigned char>(c)), true);
         }
     }
     putHalf();
-    return builder_.finish(state_.alignment);
+    RtfReading reading{.document = builder_.finish(state_.alignment)};
+    if (builder_.full() || bytes_.cut())
+        reading.outcome = RtfOutcome::cut;
+    return reading;
 }
 
 void Reader::openGroup() {
@@ -103,6 +118,7 @@ void Reader::openGroup() {
         groups_.push_back(state_);
     else
         ++surplus_;
+    state_.starred = RtfTarget::nowhere;
 }
 
 // The state of the outermost group stays when it ends: the last paragraph takes its alignment from there.
@@ -118,19 +134,19 @@ void Reader::closeGroup() {
     } else {
         state_ = groups_.back();
         groups_.pop_back();
-        formatStale_ = true;
+        stale_ = true;
     }
 }
 
 void Reader::backslash() {
-    if (at_ >= bytes_.size())
+    const int c = bytes_.peek();
+    if (c < 0)
         return;
-    const char c = bytes_[at_];
     if (isLetter(c)) {
         controlWord();
         return;
     }
-    ++at_;
+    bytes_.next();
     switch (c) {
     case '\\':
     case '{':
@@ -143,23 +159,22 @@ void Reader::backslash() {
     case '~':
         take(0xA0, false);
         break;
-    // The code page has no non-breaking hyphen and no key types one.
     case '_':
-        take(L'-', false);
+        take(0x2011, false);
         break;
     case '\t':
         take(L'\t', false);
         break;
     case '\r':
-        if (at_ < bytes_.size() && bytes_[at_] == '\n')
-            ++at_;
+        if (bytes_.peek() == '\n')
+            bytes_.next();
         endParagraph();
         break;
     case '\n':
         endParagraph();
         break;
     case '*':
-        state_.target = RtfTarget::nowhere;
+        state_.starred = std::exchange(state_.target, RtfTarget::nowhere);
         break;
     // An optional hyphen (\-) is not seen unless a line breaks there, so it is no character of the text.
     default:
@@ -168,32 +183,32 @@ void Reader::backslash() {
 }
 
 void Reader::hexByte() {
-    if (bytes_.size() - at_ < 2)
-        return;
-    const int high = hexValue(bytes_[at_]);
-    const int low = hexValue(bytes_[at_ + 1]);
+    const int high = hexValue(bytes_.peek(0));
+    const int low = hexValue(bytes_.peek(1));
     if (high < 0 || low < 0)
         return;
-    at_ += 2;
-    take(withoutLineEnd(fromWindows1252(static_cast<unsigned char>(high * 16 + low))), false);
+    bytes_.leap(2);
+    take(withoutLineEnd(character(high * 16 + low)), false);
 }
 
 void Reader::controlWord() {
-    const std::size_t begin = at_;
-    while (at_ < bytes_.size() && isLetter(bytes_[at_]))
-        ++at_;
-    const std::string_view name = bytes_.substr(begin, at_ - begin);
-
-    const auto digitAt = [this](std::size_t at) { return at < bytes_.size() && isDigit(bytes_[at]); };
-    const bool minus = at_ < bytes_.size() && bytes_[at_] == '-' && digitAt(at_ + 1);
+    std::string name;
+    while (isLetter(bytes_.peek())) {
+        const char letter = bytes_.next();
+        if (name.size() < maxWordLength)
+            name += letter;
+    }
+    const bool minus = bytes_.peek() == '-' && isDigit(bytes_.peek(1));
     if (minus)
-        ++at_;
-    const bool hasNumber = digitAt(at_);
+        bytes_.next();
+    const bool hasNumber = isDigit(bytes_.peek());
     int number = 0;
-    for (; digitAt(at_); ++at_)
-        number = number >= maxNumber / 10 ? maxNumber : number * 10 + (bytes_[at_] - '0');
-    if (at_ < bytes_.size() && bytes_[at_] == ' ')
-        ++at_;
+    while (isDigit(bytes_.peek())) {
+        const int digit = bytes_.next() - '0';
+        number = number >= maxNumber / 10 ? maxNumber : number * 10 + digit;
+    }
+    if (bytes_.peek() == ' ')
+        bytes_.next();
     execute(rtfControlWord(name), minus ? -number : number, hasNumber);
 }
 
@@ -212,12 +227,24 @@ void Reader::execute(const RtfControlWord& controlWord, int number, bool hasNumb
     case RtfWord::paragraph:
         endParagraph();
         break;
+    case RtfWord::nestedRow:
+        // The row's end stands behind its cells, among properties that are starred like anything newer.
+        if (state_.target == RtfTarget::rowProperties)
+            builder_.endParagraph(state_.alignment);
+        else
+            endParagraph();
+        break;
+    case RtfWord::rowProperties:
+        state_.target = state_.target == RtfTarget::text || state_.starred == RtfTarget::text
+                            ? RtfTarget::rowProperties
+                            : RtfTarget::nowhere;
+        break;
     case RtfWord::section:
         if (!builder_.paragraphEmpty())
             endParagraph();
         break;
     case RtfWord::bin:
-        at_ += std::min(static_cast<std::size_t>(std::max(number, 0)), bytes_.size() - at_);
+        bytes_.leap(static_cast<std::size_t>(std::max(number, 0)));
         skip_ = std::max(skip_ - 1, 0);
         break;
     case RtfWord::unicode:
@@ -236,7 +263,16 @@ void Reader::execute(const RtfControlWord& controlWord, int number, bool hasNumb
         break;
     case RtfWord::defaultFont:
         tables_.setDefaultFont(number);
-        formatStale_ = true;
+        stale_ = true;
+        break;
+    case RtfWord::charset:
+    case RtfWord::codePage:
+        if (state_.target == RtfTarget::fonts)
+            tables_.setCodePage(controlWord.word == RtfWord::codePage ? number : codePageOfCharset(number));
+        break;
+    case RtfWord::documentCodePage:
+        documentCodePage_ = controlWord.value != 0 ? controlWord.value : number;
+        stale_ = true;
         break;
     case RtfWord::red:
         tables_.colorPart(16, number);
@@ -257,7 +293,7 @@ void Reader::execute(const RtfControlWord& controlWord, int number, bool hasNumb
         if (controlWord.word == RtfWord::font && state_.target == RtfTarget::fonts)
             tables_.beginFont(number);
         state_.applyWord(controlWord.word, number, on);
-        formatStale_ = true;
+        stale_ = true;
     }
 }
 
@@ -292,22 +328,25 @@ void Reader::take(wchar_t character, bool raw) {
 void Reader::put(wchar_t character, bool raw) {
     switch (state_.target) {
     case RtfTarget::nowhere:
+    case RtfTarget::rowProperties:
         break;
     case RtfTarget::fonts:
         if (raw && character == L';')
             tables_.endFont();
         else
             tables_.addToName(character);
-        formatStale_ = true;
+        stale_ = true;
         break;
     case RtfTarget::colors:
         if (character == L';')
             tables_.endColor();
-        formatStale_ = true;
+        stale_ = true;
         break;
     case RtfTarget::text:
-        if (!state_.hidden && !state_.deleted)
-            builder_.add(character, format());
+        if (!state_.hidden && !state_.deleted) {
+            refresh();
+            builder_.add(character, format_);
+        }
         break;
     }
 }
@@ -316,7 +355,7 @@ void Reader::endParagraph() {
     skip_ = 0;
     putHalf();
     if (state_.target == RtfTarget::text)
-        builder_.endParagraph(state_.alignment, format());
+        builder_.endParagraph(state_.alignment);
 }
 
 void Reader::putHalf() {
@@ -324,26 +363,51 @@ void Reader::putHalf() {
         put(replacementCharacter, false);
 }
 
-const RtfFormat& Reader::format() {
-    if (!formatStale_)
-        return format_;
-    formatStale_ = false;
+wchar_t Reader::character(int byte) {
+    if (byte < 0x80)
+        return static_cast<wchar_t>(byte);
+    refresh();
+    const int named = state_.target == RtfTarget::fonts ? tables_.begunCodePage() : codePage_;
+    return fromCodePage(named != 0 ? named : documentCodePage_, static_cast<unsigned char>(byte));
+}
+
+void Reader::refresh() {
+    if (!stale_)
+        return;
+    stale_ = false;
+    codePage_ = tables_.codePage(state_.font);
     format_.typeface = tables_.font(state_.font);
     format_.color = tables_.color(state_.color);
     format_.halfPoints = state_.size;
     format_.bold = state_.bold;
     format_.italic = state_.italic;
     format_.underlined = state_.underlined;
-    return format_;
 }
 
 } // namespace
 
-RtfDocument readRtf(std::string_view bytes) {
-    bytes = bytes.substr(0, rtfMaxLength);
-    const std::string_view unmarked =
-        bytes.starts_with(utf8ByteOrderMark) ? bytes.substr(utf8ByteOrderMark.size()) : bytes;
-    return unmarked.starts_with(signature) ? Reader(unmarked).read() : readPlainText(bytes);
+RtfReading readRtf(const RtfSource& source) {
+    RtfBytes bytes(source);
+    const std::size_t mark = bytes.startsWith(utf8ByteOrderMark) ? utf8ByteOrderMark.size() : 0;
+    RtfReading reading;
+    if (bytes.startsWith(std::string(utf8ByteOrderMark.substr(0, mark)) + std::string(signature))) {
+        bytes.leap(mark);
+        reading = Reader(bytes).read();
+    } else {
+        reading = readPlainText(bytes.rest(plainTextMaxLength));
+        if (bytes.peek() >= 0)
+            reading.outcome = RtfOutcome::cut;
+    }
+    if (bytes.failed())
+        return {documentFromPlainText({}).document, RtfOutcome::failed};
+    return reading;
+}
+
+RtfReading readRtf(std::string_view bytes) {
+    return readRtf([bytes](std::int64_t offset, std::size_t size) {
+        const std::size_t at = std::min(static_cast<std::size_t>(offset), bytes.size());
+        return std::optional(std::string(bytes.substr(at, size)));
+    });
 }
 
 } // namespace klopfmeise

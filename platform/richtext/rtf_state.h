@@ -5,13 +5,14 @@
 
 namespace klopfmeise {
 
-/// Where the characters of a group go.
-enum class RtfTarget { text, fonts, colors, nowhere };
+/// Where the characters of a group go. Of rowProperties only the end of the row counts.
+enum class RtfTarget { text, fonts, colors, rowProperties, nowhere };
 
 /// What a group inherits, and what its end takes back.
 struct RtfState {
     RtfTarget target = RtfTarget::text;
-    int font = -1; ///< -1: the default of the document
+    RtfTarget starred = RtfTarget::nowhere; ///< where characters went before a \*
+    int font = -1;                          ///< -1: the default of the document
     int size = RtfFormat{}.halfPoints;
     int color = 0;       ///< index into the colour table
     int substitutes = 1; ///< characters after a \u that stand for it where \u is unknown

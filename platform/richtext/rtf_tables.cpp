@@ -13,29 +13,30 @@ constexpr int maxFontNumber = 32'767;
 } // namespace
 
 void RtfTables::beginFont(int number) {
-    fontNumber_ = number;
-    fontName_.clear();
+    begunNumber_ = number;
+    begun_ = {};
 }
 
 void RtfTables::addToName(wchar_t character) {
-    const bool leadingBlank = character == L' ' && fontName_.empty();
-    if (character >= L' ' && !leadingBlank && fontName_.size() < maxNameLength)
-        fontName_ += character;
+    const bool leadingBlank = character == L' ' && begun_.name.empty();
+    if (character >= L' ' && !leadingBlank && begun_.name.size() < maxNameLength)
+        begun_.name += character;
 }
 
 void RtfTables::endFont() {
-    while (!fontName_.empty() && fontName_.back() == L' ')
-        fontName_.pop_back();
-    if (fontNumber_ >= 0 && fontNumber_ <= maxFontNumber)
-        fonts_.insert_or_assign(fontNumber_, fontName_);
-    fontName_.clear();
+    while (!begun_.name.empty() && begun_.name.back() == L' ')
+        begun_.name.pop_back();
+    if (begunNumber_ >= 0 && begunNumber_ <= maxFontNumber)
+        fonts_.insert_or_assign(begunNumber_, begun_);
+    begun_.name.clear();
 }
 
-std::wstring RtfTables::font(int number) const {
+const RtfTables::Font& RtfTables::entry(int number) const {
+    static const Font none;
     auto found = fonts_.find(number);
     if (found == fonts_.end())
         found = fonts_.find(defaultFont_);
-    return found == fonts_.end() ? std::wstring() : found->second;
+    return found == fonts_.end() ? none : found->second;
 }
 
 void RtfTables::colorPart(unsigned shift, int part) {

@@ -15,11 +15,16 @@ public:
     void setDefaultFont(int number) { defaultFont_ = number; }
     /// Begins an entry of the font table; its name follows character by character.
     void beginFont(int number);
+    void setCodePage(int page) { begun_.codePage = page; }
     void addToName(wchar_t character);
-    [[nodiscard]] bool nameBegun() const { return !fontName_.empty(); }
+    [[nodiscard]] bool nameBegun() const { return !begun_.name.empty(); }
+    /// The code page of the entry begun, as `codePage`.
+    [[nodiscard]] int begunCodePage() const { return begun_.codePage; }
     void endFont();
     /// The name of a font; of the document's default font where the table does not hold the number.
-    [[nodiscard]] std::wstring font(int number) const;
+    [[nodiscard]] std::wstring font(int number) const { return entry(number).name; }
+    /// The code page of a font; 0: that of the document.
+    [[nodiscard]] int codePage(int number) const { return entry(number).codePage; }
 
     /// A part of the colour being read: its bits begin at shift; part is cut to 0 to 255.
     void colorPart(unsigned shift, int part);
@@ -28,10 +33,16 @@ public:
     [[nodiscard]] std::uint32_t color(int number) const;
 
 private:
-    std::unordered_map<int, std::wstring> fonts_;
+    struct Font {
+        std::wstring name;
+        int codePage = 0;
+    };
+    const Font& entry(int number) const;
+
+    std::unordered_map<int, Font> fonts_;
     int defaultFont_ = 0;
-    int fontNumber_ = 0;
-    std::wstring fontName_;
+    int begunNumber_ = 0;
+    Font begun_;
     std::vector<std::uint32_t> colors_;
     std::uint32_t mixed_ = 0;
 };

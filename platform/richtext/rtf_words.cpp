@@ -1,6 +1,7 @@
 #include "platform/richtext/rtf_words.h"
 
 #include "platform/richtext/rtf.h"
+#include "platform/richtext/rtf_code_pages.h"
 
 #include <algorithm>
 #include <array>
@@ -19,6 +20,8 @@ constexpr auto words = std::to_array<RtfControlWord>({
     {"aftnsep", W::skip, 0},
     {"aftnsepc", W::skip, 0},
     {"annotation", W::skip, 0},
+    {"ansi", W::documentCodePage, codePageAnsi},
+    {"ansicpg", W::documentCodePage, 0},
     {"atnauthor", W::skip, 0},
     {"atnid", W::skip, 0},
     {"author", W::skip, 0},
@@ -37,6 +40,7 @@ constexpr auto words = std::to_array<RtfControlWord>({
     {"column", W::character, L'\n'},
     {"comment", W::skip, 0},
     {"company", W::skip, 0},
+    {"cpg", W::codePage, 0},
     {"datastore", W::skip, 0},
     {"deff", W::defaultFont, 0},
     {"deleted", W::deleted, 0},
@@ -49,6 +53,7 @@ constexpr auto words = std::to_array<RtfControlWord>({
     {"enspace", W::character, 0x2002},
     {"f", W::font, 0},
     {"falt", W::skip, 0},
+    {"fcharset", W::charset, 0},
     {"filetbl", W::skip, 0},
     {"fldinst", W::skip, 0},
     {"fontemb", W::skip, 0},
@@ -81,11 +86,12 @@ constexpr auto words = std::to_array<RtfControlWord>({
     {"listtable", W::skip, 0},
     {"listtext", W::skip, 0},
     {"lquote", W::character, 0x2018},
+    {"mac", W::documentCodePage, codePageMac},
     {"manager", W::skip, 0},
     {"mmathPr", W::skip, 0},
     {"nestcell", W::character, L'\t'},
-    {"nestrow", W::paragraph, 0},
-    {"nesttableprops", W::skip, 0},
+    {"nestrow", W::nestedRow, 0},
+    {"nesttableprops", W::rowProperties, 0},
     {"nonesttables", W::skip, 0},
     {"nonshppict", W::skip, 0},
     {"objalias", W::skip, 0},
@@ -99,6 +105,8 @@ constexpr auto words = std::to_array<RtfControlWord>({
     {"par", W::paragraph, 0},
     {"pard", W::pard, 0},
     {"passwordhash", W::skip, 0},
+    {"pc", W::documentCodePage, codePagePc},
+    {"pca", W::documentCodePage, codePagePca},
     {"pgdsctbl", W::skip, 0},
     {"pict", W::skip, 0},
     {"plain", W::plain, 0},

@@ -8,6 +8,8 @@ namespace klopfmeise {
 enum class RtfWord {
     unknown,
     paragraph,
+    nestedRow,
+    rowProperties,
     section,
     alignment,
     bin,
@@ -25,6 +27,9 @@ enum class RtfWord {
     red,
     font,
     defaultFont,
+    charset,
+    codePage,
+    documentCodePage,
     fontTable,
     uc,
     skip,
@@ -37,7 +42,7 @@ enum class RtfWord {
 struct RtfControlWord {
     std::string_view name;
     RtfWord word = RtfWord::unknown;
-    int value = 0; ///< the character, or the RtfAlignment
+    int value = 0; ///< the character, the RtfAlignment or the code page
 };
 
 [[nodiscard]] RtfControlWord rtfControlWord(std::string_view name);

@@ -45,12 +45,9 @@ private:
 
 std::string Writer::write(const RtfDocument& document) {
     writeTables(document);
-    bool first = true;
     for (const RtfParagraph& each : document.paragraphs) {
-        if (!first)
-            out_ += "\\par\r\n";
-        first = false;
         writeParagraph(each);
+        out_ += "\\par\r\n";
     }
     out_ += "}\r\n";
     return std::move(out_);

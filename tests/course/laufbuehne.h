@@ -3,15 +3,56 @@
 #include "platform/controls/drawn.h"
 #include "tests/buehne.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace klopfmeise {
 
-/// A screen of running text, opened on a text of the test.
-class Laufbühne : public ::testing::Test {
+/// A typing screen, and what a person sees on it while it waits.
+class Tippbühne : public ::testing::Test {
 protected:
+    struct Pause {
+        int dauer;
+        /// The keys in a frame, as they were painted last.
+        std::vector<int> gerahmt;
+        bool operator==(const Pause&) const = default;
+    };
+    using Pausen = std::vector<Pause>;
+    using Klänge = std::vector<std::wstring>;
+
     Bühne b;
 
+    /// The waits that `tun` brings.
+    Pausen pausen(const std::function<void()>& tun) {
+        Pausen gesehen;
+        std::vector<int> gemalt;
+        b.backend.whenPainted = [&](Form& form) {
+            gemalt.clear();
+            for (int i = 1; i <= 59; ++i)
+                if (const auto* taste = form.find<Picture>(L"picTaste", i); taste && taste->border())
+                    gemalt.push_back(i);
+        };
+        b.backend.duringWait = [&](int dauer) { gesehen.push_back({dauer, gemalt}); };
+        tun();
+        EXPECT_TRUE(gemalt.empty()) << "a frame stays";
+        b.backend.whenPainted = nullptr;
+        b.backend.duringWait = nullptr;
+        return gesehen;
+    }
+    /// The sounds of one stroke, in order.
+    Klänge klänge(wchar_t zeichen) {
+        b.sound.played.clear();
+        b.user.type(zeichen);
+        return b.sound.played;
+    }
+    std::wstring letzterKlang() const { return b.sound.played.empty() ? L"" : b.sound.played.back(); }
+    double genauigkeit() { return zahlAus(b.satz(Kontosatz::Genauigkeit)).value_or(-1); }
+    bool sichtbar(const wchar_t* name) { return b.control<Control>(name).visible(); }
+};
+
+/// A screen of running text, opened on a text of the test.
+class Laufbühne : public Tippbühne {
+protected:
     void fliesstextÖffnen(const std::string& text, std::int16_t durchgänge = 1) {
         b.lektion(1, "Fließtext", {text, "zwei"});
         b.satz(Kontosatz::Durchgangszahl, durchgänge);
@@ -28,7 +69,8 @@ protected:
             if (zelle(i).back() == colors::midGrey || zelle(i).back() == colors::panel)
                 return i;
     }
-    std::wstring letzterKlang() const { return b.sound.played.empty() ? L"" : b.sound.played.back(); }
+    /// The cursor's colour of the moment, of the two between which it blinks.
+    bool cursorHell() { return zelle(pos()).back() == colors::panel; }
 };
 
 } // namespace klopfmeise

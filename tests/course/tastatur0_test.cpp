@@ -21,5 +21,14 @@ TEST(Kursstartseite, BehindTheLastLessonTheCourseIsDone) {
     EXPECT_TRUE(b.caption(L"lblHinweisName").starts_with(L"Für Lektion -40000, Stufe -5 gibt es keinen"));
 }
 
+TEST(Kursstartseite, EveryScreenOfAChildNamesItAndItsClass) {
+    for (const wchar_t* form : {L"Tastatur0", L"Tastatur1", L"Tastatur2", L"Textübung0"}) {
+        Bühne b;
+        b.öffnen(form);
+        EXPECT_EQ(b.caption(L"LblName") + L", " + b.caption(L"LblKlasse"), L"Mia, Hasen\\")
+            << b.aktiv().size();
+    }
+}
+
 } // namespace
 } // namespace klopfmeise

@@ -1,22 +1,18 @@
-#include "platform/controls/drawn.h"
 #include "platform/controls/panels.h"
-#include "tests/buehne.h"
+#include "tests/course/laufbuehne.h"
 
 #include <cmath>
-#include <gtest/gtest.h>
+#include <set>
 
 namespace klopfmeise {
 namespace {
 
 using std::string_literals::operator""s;
 
-class Einzeiler : public ::testing::Test {
+class Einzeiler : public Tippbühne {
 protected:
-    Bühne b;
-
     void öffnen() { b.öffnen(L"Tastatur1"); }
     Label& zelle(int i) { return b.control<Label>(L"lblPosO", i); }
-    double genauigkeit() { return zahlAus(b.satz(Kontosatz::Genauigkeit)).value_or(-1); }
     /// One run of the lesson's first text; with `fehler` one wrong key in its midst.
     void lauf(bool fehler = false) {
         b.user.type(L"f");
@@ -24,7 +20,6 @@ protected:
             b.user.type(L"x");
         b.user.type(L"j f\r");
     }
-    std::wstring letzterKlang() { return b.sound.played.back(); }
 };
 
 TEST_F(Einzeiler, AChildsRoadPassesTheStageAndWritesTheToldBytes) {
@@ -48,7 +43,14 @@ TEST_F(Einzeiler, AChildsRoadPassesTheStageAndWritesTheToldBytes) {
     lauf();
     b.user.type(L"fj f");
     EXPECT_EQ(b.slot(33, 4), "\x02\x00\x00\x00"s);
+    std::wstring zuletzt;
+    b.backend.whenPainted = [&](Form& form) {
+        if (const auto* durchgang = form.find<Label>(L"lblDurchgang"))
+            zuletzt = durchgang->caption();
+    };
     b.user.type(L'\r');
+    b.backend.whenPainted = nullptr;
+    EXPECT_EQ(zuletzt, L"3");
     ASSERT_EQ(b.aktiv(), L"Tastatur0");
     EXPECT_EQ(b.caption(L"lblStufe"), L"Stufe 2 von 2");
     EXPECT_EQ(b.slot(32, 4), "\x02\x00\x01\x00"s);
@@ -114,14 +116,30 @@ TEST_F(Einzeiler, AStoppedRunShowsItsErrorTwoSecondsAndBeginsAnew) {
     öffnen();
     lauf();
     b.user.type(L"fj");
-    const double vorher = b.clock.seconds();
+    std::wstring gemalt;
+    b.backend.whenPainted = [&](Form&) { gemalt = zelle(3).caption(); };
+    std::vector<int> dauern;
+    b.backend.duringWait = [&](int dauer) {
+        dauern.push_back(dauer);
+        EXPECT_EQ(b.control<Label>(L"lblPosU", 3).back() == colors::white, dauern.size() > 2);
+        if (dauern.size() != 2)
+            return;
+        EXPECT_EQ(gemalt, L"k");
+        EXPECT_EQ(zelle(3).back(), colors::red);
+        EXPECT_EQ(b.caption(L"lblDurchgang"), L"2");
+        EXPECT_EQ(b.caption(L"lblFehler"), L"1");
+        // What is typed meanwhile belongs to the next run.
+        b.user.type(L"fj");
+    };
     b.user.type(L"k");
-    EXPECT_NEAR(b.clock.seconds() - vorher, 2.1, 0.001);
+    b.backend.duringWait = nullptr;
+    EXPECT_EQ(dauern, (std::vector{100, 2000, 100, 100}));
     EXPECT_EQ(b.caption(L"lblDurchgang"), L"3");
     EXPECT_EQ(b.caption(L"lblErfolg"), L"1 / 3");
     EXPECT_EQ(b.caption(L"lblFehler"), L"0");
+    EXPECT_EQ(zelle(2).caption() + zelle(3).caption(), L"j");
     EXPECT_EQ(zelle(3).back(), colors::white);
-    b.user.type(L"fj f\r");
+    b.user.type(L" f\r");
     EXPECT_EQ(b.caption(L"lblErfolg"), L"2 / 3");
 }
 
@@ -129,6 +147,7 @@ TEST_F(Einzeiler, TheTimeBarDecidesWhereTimeCounts) {
     b.satz(Kontosatz::Zeitmodus, std::int16_t{1});
     öffnen();
     auto& balken = b.control<Label>(L"lblZeit");
+    b.user.pass(30000);
     lauf();
     EXPECT_EQ(b.caption(L"lblErfolg"), L"1 / 3");
     b.user.type(L"f");
@@ -141,12 +160,26 @@ TEST_F(Einzeiler, TheTimeBarDecidesWhereTimeCounts) {
     b.user.pass(1500);
     EXPECT_EQ(balken.caption(), L"56 sek");
     EXPECT_EQ(balken.width(), 11775);
+    // In a mode that is not told no run is in time.
+    b.satz(Kontosatz::Zeitmodus, std::int16_t{2});
     b.user.type(L"j f\r");
     EXPECT_EQ(b.caption(L"lblErfolg"), L"1 / 3");
     EXPECT_EQ(b.caption(L"lblDurchgang"), L"3");
+    b.user.pass(1000);
     EXPECT_EQ(balken.width(), 0);
+    b.satz(Kontosatz::Zeitmodus, std::int16_t{1});
+    lauf();
+    EXPECT_EQ(b.caption(L"lblErfolg"), L"1 / 3");
     lauf();
     EXPECT_EQ(b.caption(L"lblErfolg"), L"2 / 3");
+    // It moves no more than ten times a second.
+    b.user.type(L"f");
+    std::set<int> breiten;
+    for (int i = 0; i < 40; ++i) {
+        b.user.pass(50);
+        breiten.insert(balken.width());
+    }
+    EXPECT_LE(breiten.size(), 21U);
 }
 
 TEST_F(Einzeiler, LongTextsAreCutAndShortOnesLeaveTheirEnterCellOpen) {
@@ -155,13 +188,19 @@ TEST_F(Einzeiler, LongTextsAreCutAndShortOnesLeaveTheirEnterCellOpen) {
         lang += static_cast<char>('a' + i % 26);
     b.lektion(1, "Einzeiler", {lang});
     b.satz(Kontosatz::Durchgangszahl, std::int32_t{5});
+    b.satz(Kontosatz::Zeitmodus, std::int16_t{1});
     öffnen();
     EXPECT_EQ(b.caption(L"lblPosV", 56), L"l");
     EXPECT_EQ(b.control<Label>(L"lblPosV", 56).font().name, wingdings);
-    for (int i = 0; i < 55; ++i)
+    for (int i = 0; i < 55; ++i) {
         b.user.type(static_cast<wchar_t>(lang[static_cast<std::size_t>(i)]));
+        b.user.pass(20);
+    }
     EXPECT_TRUE(b.control<Picture>(L"imgFinger", 10).visible());
-    EXPECT_EQ(b.control<Shape>(L"shpLeucht").place(), (Rect{10648, 1378, 769, 1399}));
+    EXPECT_EQ(b.control<Shape>(L"shpLeucht").place(), b.control<Picture>(L"picTaste", 28).place().grown(2));
+    // However late it is, in the last cell of a full line the run is in time.
+    b.user.pass(60000);
+    EXPECT_EQ(b.caption(L"lblZeit"), L"56 sek");
     b.user.type(L"l");
     EXPECT_EQ(b.caption(L"lblErfolg"), L"0 / 5");
     b.user.type(L"\r");
@@ -207,16 +246,29 @@ TEST_F(Einzeiler, KeyAndFingerOfTheNextCharacterLight) {
     EXPECT_EQ(zeichen.left(), 6720 + 180 - 330);
 }
 
-TEST_F(Einzeiler, AHeldKeyFlashesOnceAndShiftOnBothSides) {
+TEST_F(Einzeiler, APressedKeyShowsItsFrameForATenthOfASecond) {
     öffnen();
-    const double vorher = b.clock.seconds();
-    b.user.keyDown(16);
-    b.user.keyDown(16);
-    EXPECT_NEAR(b.clock.seconds() - vorher, 0.1, 1e-9);
-    b.user.keyUp();
-    b.user.keyDown(17);
-    EXPECT_NEAR(b.clock.seconds() - vorher, 0.2, 1e-9);
-    EXPECT_FALSE(b.control<Picture>(L"picTaste", 42).border());
+    const auto tippen = [&](wchar_t zeichen) { return pausen([&] { b.user.type(zeichen); }); };
+    EXPECT_EQ(tippen(L'f'), (Pausen{{100, {33}}}));
+    EXPECT_EQ(tippen(L'\b'), (Pausen{{100, {14}}}));
+    EXPECT_EQ(tippen(L'\r'), (Pausen{{100, {28}}}));
+    EXPECT_EQ(tippen(L'€'), (Pausen{{100, {18}}}));
+    EXPECT_EQ(tippen(L'"'), Pausen{});
+    const auto halten = [&](const std::vector<int>& codes) {
+        // Auto-repeat brings no second flash.
+        const auto gesehen = pausen([&] {
+            b.user.keyDown(codes);
+            b.user.keyDown(codes);
+        });
+        b.user.keyUp();
+        return gesehen;
+    };
+    EXPECT_EQ(halten({16}), (Pausen{{100, {42, 54}}}));
+    EXPECT_EQ(halten({17}), (Pausen{{100, {55, 59}}}));
+    EXPECT_EQ(halten({17, 18}), (Pausen{{100, {55, 56, 59}}}));
+    EXPECT_EQ(halten({9}), (Pausen{{100, {15}}}));
+    EXPECT_EQ(halten({20}), (Pausen{{100, {29}}}));
+    EXPECT_EQ(halten({65}), Pausen{});
 }
 
 TEST_F(Einzeiler, TheWorkbookCoversTheLineInVorlagemodus) {

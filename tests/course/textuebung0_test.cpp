@@ -1,6 +1,8 @@
 #include "platform/controls/rich_text_box.h"
 #include "tests/course/laufbuehne.h"
 
+#include <set>
+
 namespace klopfmeise {
 namespace {
 
@@ -23,14 +25,24 @@ TEST_F(Texttippen, LineEndsAreTypedWithEnterAndTheCursorStepsOverTheLineFeed) {
     b.user.type(L"l");
     EXPECT_EQ(zelle(3).back(), colors::wrong);
     EXPECT_EQ(pos(), 5);
-    b.user.type(L"\b");
+    EXPECT_EQ(klänge(L'\b'), Klänge{L"knopf.wav"});
     EXPECT_EQ(pos(), 3);
     b.user.type(L"\r");
     EXPECT_EQ(pos(), 5);
     b.user.type(L"\b");
     EXPECT_EQ(pos(), 3);
-    // A line end behind the last word closes the text like any other.
-    b.user.type(L"\rlo\r");
+    b.user.type(L"\rl");
+    EXPECT_FALSE(b.runtime.loaded(L"HilfeFehlerbericht"));
+    // The end of the last paragraph is no cell.
+    b.user.type(L"o");
+    EXPECT_TRUE(b.runtime.loaded(L"HilfeFehlerbericht"));
+}
+
+TEST_F(Texttippen, AnEmptyLineAtTheEndIsTypedLikeAnyOtherLineEnd) {
+    textÖffnen("{\\rtf1\\ansi al\\par\\par}");
+    b.user.type(L"al");
+    EXPECT_FALSE(b.runtime.loaded(L"HilfeFehlerbericht"));
+    b.user.type(L"\r");
     EXPECT_TRUE(b.runtime.loaded(L"HilfeFehlerbericht"));
 }
 
@@ -52,6 +64,8 @@ TEST_F(Texttippen, ThreeTextsCountAndTheirAverageIsAStringFirstThenANumber) {
     EXPECT_EQ(b.caption(L"lblRichtig"), L"0");
     const std::wstring bericht = tippen(6);
     EXPECT_EQ(b.aktiv(), L"HilfeFehlerbericht");
+    EXPECT_TRUE(b.runtime.active()->topMost());
+    EXPECT_EQ(letzterKlang(), L"typewriterding.wav");
     EXPECT_TRUE(bericht.starts_with(
         L"Du hast den Text in 6 Sekunden getippt.\r\n\r\nDas entspricht einer "
         L"Tippgeschwindigkeit von 100 Anschlägen pro Minute.\r\n\r\nBeim Tippen hast du 1 "
@@ -66,9 +80,15 @@ TEST_F(Texttippen, ThreeTextsCountAndTheirAverageIsAStringFirstThenANumber) {
     b.user.activate(*b.runtime.loaded(L"Textübung0"));
     EXPECT_EQ(b.caption(L"lblRichtig"), L"3");
     EXPECT_EQ(b.caption(L"lblAnschlägeDurchschnitt"), L"105");
-    b.user.type(L"0");
+    // Begun anew in the midst of an error.
+    b.user.type(L"0x");
+    b.user.pass(2000);
     b.user.click(L"imgNeu");
     EXPECT_EQ(pos(), 1);
+    EXPECT_EQ(b.caption(L"lblAKtuell"), L"0");
+    EXPECT_EQ(b.caption(L"lblFehler") + b.caption(L"lblZeit") + b.caption(L"lblAnschläge"), L"000");
+    EXPECT_EQ(klänge(L'0'), Klänge{L"knopf.wav"});
+    EXPECT_EQ(klänge(L'x'), Klänge{L"falsch.wav"});
     b.user.click(L"imgEnde");
     EXPECT_EQ(b.aktiv(), L"Lern1");
     EXPECT_FALSE(b.runtime.loaded(L"HilfeFehlerbericht"));
@@ -84,18 +104,28 @@ TEST_F(Texttippen, WithoutATextThereIsOneClosingCellAndNoKeyIsRight) {
     EXPECT_EQ(b.satz(Kontosatz::TexteGesamt), Wert{std::int16_t{0}});
 }
 
-TEST_F(Texttippen, TheKeyGateOfTextTypingOpensWithTheFirstKeyUp) {
+TEST_F(Texttippen, TheKeyGateOpensWithTheFirstKeyUp) {
     textÖffnen("abc");
-    const double vorher = b.clock.seconds();
-    b.user.keyDown(16);
-    EXPECT_EQ(b.clock.seconds(), vorher);
+    const auto umschalten = [&] { return pausen([&] { b.user.keyDown(16); }); };
+    EXPECT_EQ(umschalten(), Pausen{});
     b.user.keyUp();
-    b.user.keyDown(16);
-    EXPECT_NEAR(b.clock.seconds() - vorher, 0.1, 1e-9);
-    // The keystrokes of the moment: cells reached, by the whole seconds.
-    b.user.keyUp();
-    b.user.type(L"ab");
-    b.user.pass(1900);
+    EXPECT_EQ(umschalten(), (Pausen{{100, {42, 54}}}));
+    EXPECT_EQ(umschalten(), Pausen{});
+}
+
+TEST_F(Texttippen, TheKeystrokesOfTheMomentAreCellsByWholeSeconds) {
+    textÖffnen("abc");
+    b.user.pass(20000);
+    b.user.type(L"a");
+    std::set<bool> cursor;
+    for (int i = 0; i < 9; ++i) {
+        b.user.pass(50);
+        cursor.insert(cursorHell());
+        EXPECT_EQ(b.caption(L"lblZeit") + b.caption(L"lblAnschläge"), L"00") << i;
+    }
+    EXPECT_EQ(cursor.size(), 2U);
+    b.user.type(L"b");
+    b.user.pass(1450);
     EXPECT_EQ(b.caption(L"lblZeit"), L"2");
     EXPECT_EQ(b.caption(L"lblAnschläge"), L"90");
 }

@@ -34,6 +34,9 @@ private:
 
 /// True if the splash was on the screen, and painted, before the title page was.
 bool splashGesehen(unsigned long ms) {
+    // A test before this one may have ended its program, after which the toolkit runs no loop any more.
+    QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+    QCoreApplication::exec();
     Bühne bühne;
     LangsameDateien dateien(ms);
     FormRuntime runtime(backend(),

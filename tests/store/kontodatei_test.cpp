@@ -1,4 +1,5 @@
 #include "store/kontodatei.h"
+#include "tests/ausfallende_dateien.h"
 #include "tests/buehne.h"
 
 #include <gtest/gtest.h>
@@ -61,6 +62,20 @@ TEST(Kontodatei, AFolderInItsPlaceIsNotAnEmptyAccount) {
     EXPECT_TRUE(istLeer(datei.lesen(32)));
     EXPECT_FALSE(datei.schreiben(32, std::int16_t{1}));
     EXPECT_FALSE(datei.gut());
+}
+
+TEST(Kontodatei, ClosingTellsOfEveryFailureSinceTheOpening) {
+    Wegwerfordner ordner;
+    AusfallendeDateien dateien;
+    const std::wstring pfad = logikpfad(ordner.pfad() / "a._");
+    // Opening, writing, closing; then none.
+    for (int vorgang = 1; vorgang <= 4; ++vorgang) {
+        dateien.ausfallenBei(vorgang);
+        Kontodatei datei(dateien, pfad);
+        datei.schreiben(32, std::int16_t{1});
+        EXPECT_EQ(datei.schließen(), vorgang == 4) << vorgang;
+        EXPECT_EQ(datei.gut(), vorgang == 4) << vorgang;
+    }
 }
 
 } // namespace

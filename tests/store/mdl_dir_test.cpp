@@ -1,7 +1,9 @@
 #include "platform/machine/reg_file.h"
 #include "store/mdl_dir.h"
 #include "tests/buehne.h"
+#include "tests/platform/machine/troubles.h"
 
+#include <cerrno>
 #include <gtest/gtest.h>
 
 namespace klopfmeise {
@@ -42,6 +44,19 @@ TEST(mdlDir, BothFormsOfAStoredPathGiveTheSameFolder) {
     }
     dateiSchreiben(pfad, "");
     EXPECT_EQ(DatenablageLesen(dienste), L"\\");
+}
+
+TEST(mdlDir, TheWriteTestFindsWhatAShareSaysOnlyAtTheEnd) {
+    Wegwerfordner ordner;
+    PosixFiles dateien;
+    const std::wstring pfad = logikpfad(ordner.pfad()) + L"\\";
+    EXPECT_TRUE(schreibprobe(dateien, pfad));
+    EXPECT_EQ(dateiinhalt(ordner.pfad() / "lzf75.tst"), std::string("\4\0Test", 6));
+    for (const auto call : {FailingCall::Call::flush, FailingCall::Call::close}) {
+        const FailingCall voll(call, EDQUOT, ordner.pfad());
+        EXPECT_FALSE(schreibprobe(dateien, pfad));
+    }
+    EXPECT_TRUE(schreibprobe(dateien, pfad));
 }
 
 } // namespace

@@ -31,6 +31,11 @@ TEST_F(Registrierung, EachKindOfValueIsWrittenAsItsTypeAndComesBack) {
     EXPECT_EQ(RegistrySchluesselDa(registry, Maschine, Programmschlüssel), RegistryStatus::success);
     EXPECT_EQ(RegistryText(registry, L"Pin"), L"8ß15");
     EXPECT_EQ(RegistryText(registry, L"pin"), L"8ß15");
+    // Neither another hive nor another key has it.
+    Wert fremd;
+    EXPECT_NE(RegistryLesen(registry, Maschine - 1, Programmschlüssel, L"Pin", fremd),
+              RegistryStatus::success);
+    EXPECT_NE(RegistryLesen(registry, Maschine, L"Software", L"Pin", fremd), RegistryStatus::success);
 
     schreiben(L"Kurz", std::int16_t{-2});
     schreiben(L"Lang", std::int32_t{70000});
@@ -38,19 +43,49 @@ TEST_F(Registrierung, EachKindOfValueIsWrittenAsItsTypeAndComesBack) {
     schreiben(L"Am Stück", L"a\r\nb", false);
     EXPECT_EQ(lesen(L"Kurz"), Wert{std::int32_t{-2}});
     EXPECT_EQ(lesen(L"Lang"), Wert{std::int32_t{70000}});
-    EXPECT_EQ(lesen(L"Zeilen"), Wert{std::wstring(L"a\nb\nc")});
+    EXPECT_EQ(lesen(L"Zeilen"), Wert{std::wstring(L"a\r\nb\r\nc")});
     EXPECT_EQ(lesen(L"Am Stück"), Wert{std::wstring(L"a\r\nb")});
     EXPECT_NE(dateiinhalt(pfad).find("\"Zeilen\"=hex(7):61,00,62,00,63\r\n"), std::string::npos);
 }
 
 TEST_F(Registrierung, StoredBytesComeWithTheirTerminatorAndAMissingValueLeavesTheTarget) {
-    dateiSchreiben(pfad, "[HKEY_LOCAL_MACHINE\\Software\\Klopfmeise]\n\"Pin\"=\"7294\"\n\"Zahl\"=dword:1\n");
+    dateiSchreiben(pfad,
+                   "[HKEY_LOCAL_MACHINE\\Software\\Klopfmeise]\n\"Pin\"=\"7294\"\n\"Zahl\"=dword:1c7e\n");
     EXPECT_EQ(RegistryText(registry, L"Pin"), std::wstring(L"7294\0", 5));
-    EXPECT_EQ(RegistryText(registry, L"Zahl"), L"");
+    EXPECT_EQ(RegistryText(registry, L"Zahl"), L"7294");
+    EXPECT_EQ(RegistryText(registry, L"Fehlt"), L"");
     Wert ziel{std::int16_t{7}};
     EXPECT_EQ(RegistryLesen(registry, Maschine, Programmschlüssel, L"Fehlt", ziel),
               RegistryStatus::fileNotFound);
     EXPECT_EQ(ziel, Wert{std::int16_t{7}});
+}
+
+TEST_F(Registrierung, APathInAnyScriptComesBackFromTheFileAndFromAnAdministratorsHand) {
+    // Another script, an umlaut in two characters, and a byte that is no UTF-8.
+    for (const std::wstring text : {L"\\srv\\Школа\\", L"\\srv\\Schu\x308ler\\", L"\\srv\\K\xDCE4the\\"}) {
+        schreiben(L"Datenablage", text);
+        EXPECT_EQ(RegistryText(registry, L"Datenablage"), text);
+    }
+    dateiSchreiben(pfad, "[HKEY_LOCAL_MACHINE\\Software\\Klopfmeise]\n\"Datenablage\"=\"/srv/\xD0\xA8/\"\n");
+    EXPECT_EQ(RegistryText(registry, L"Datenablage"), std::wstring(L"/srv/Ш/\0", 8));
+}
+
+TEST(Registrierungsgriffe, EachIsGivenBackAndTheLastCloseIsTheStatusOfAWrite) {
+    MemoryRegistry registry;
+    registry.keyThere = false;
+    EXPECT_EQ(RegistryText(registry, L"Pin"), L"");
+    const auto schreiben = [&] {
+        return RegistrySchreiben(registry, Maschine, Programmschlüssel, L"Pin", L"8ß15", true, true);
+    };
+    EXPECT_EQ(schreiben(), RegistryStatus::success);
+    EXPECT_EQ(schreiben(), RegistryStatus::success);
+    EXPECT_EQ(RegistryText(registry, L"Pin"), L"8ß15");
+    EXPECT_EQ(RegistryText(registry, L"Fehlt"), L"");
+    EXPECT_EQ(registry.openHandles, 0);
+    registry.closing = RegistryStatus::accessDenied;
+    EXPECT_EQ(schreiben(), RegistryStatus::accessDenied);
+    registry.refuseWrite = true;
+    EXPECT_EQ(schreiben(), RegistryStatus::accessDenied);
 }
 
 } // namespace

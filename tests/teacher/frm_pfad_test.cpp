@@ -102,7 +102,7 @@ TEST_F(Datenablage, AFolderWithoutOneOfItsMarkersIsRefused) {
     erwarteAbgelehnt(gewöhnlich, gewöhnlich);
 }
 
-TEST_F(Datenablage, APathOfThreeCharactersIsRefusedForAllItsMarkers) {
+TEST_F(Datenablage, APathOfThreeCharactersIsRefusedAndARelativeOneHoldsFromEverywhere) {
     ablage("ab");
     const fs::path vorher = fs::current_path();
     fs::current_path(b.ordner.pfad());
@@ -111,8 +111,10 @@ TEST_F(Datenablage, APathOfThreeCharactersIsRefusedForAllItsMarkers) {
     eingeben(L"abc");
     b.user.click(L"cmdNeuerPfad");
     fs::current_path(vorher);
-    EXPECT_EQ(b.global.Datenpfad, L"abc\\");
+    const std::wstring ganz = logikpfad(b.ordner.pfad()) + L"\\abc\\";
+    EXPECT_EQ(b.global.Datenpfad, ganz);
     EXPECT_TRUE(b.backend.quitAsked);
+    EXPECT_EQ(b.registry.values["Datenablage"].bytes, toWindows1252(ganz));
 }
 
 TEST_F(Datenablage, AFolderTakenOverIsWrittenAndTheNextStartRunsOnIt) {
@@ -132,6 +134,20 @@ TEST_F(Datenablage, AFolderTakenOverIsWrittenAndTheNextStartRunsOnIt) {
     EXPECT_EQ(b.registry.values["Datenablage"].type, Registry::Type::string);
     EXPECT_EQ(b.registry.values["Datenablage"].bytes, toWindows1252(logikpfad(neu)) + "\\");
 
+    Bühne danach;
+    danach.registry.values = b.registry.values;
+    danach.start();
+    EXPECT_EQ(danach.aktiv(), L"Lern1");
+    EXPECT_EQ(danach.global.Datenpfad, logikpfad(neu) + L"\\");
+}
+
+TEST_F(Datenablage, AFolderInAnotherScriptIsFoundAgainAtTheNextStart) {
+    const fs::path neu = ablage("Школа Schu\xCC\x88ler");
+    b.shell.chosenFolder = logikpfad(neu);
+    b.user.click(L"cmdBrowse");
+    b.backend.messages.clear();
+    b.user.click(L"cmdNeuerPfad");
+    EXPECT_TRUE(b.backend.quitAsked);
     Bühne danach;
     danach.registry.values = b.registry.values;
     danach.start();

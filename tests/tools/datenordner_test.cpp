@@ -73,7 +73,7 @@ TEST(Datenordner, GibtDenKursUnverändertZurück) {
         ++zahl;
         const std::string bytes = dateiinhalt(ziel.pfad() / "Data" / "Texte" / quelle.path().filename());
         EXPECT_TRUE(bytes.starts_with("{\\rtf")) << quelle.path();
-        EXPECT_EQ(readRtf(bytes).plainText(), alsAnzeige(fromUtf8(dateiinhalt(quelle.path()))))
+        EXPECT_EQ(readRtf(bytes).document.plainText(), alsAnzeige(fromUtf8(dateiinhalt(quelle.path()))))
             << quelle.path();
     }
     EXPECT_GE(zahl, 12u);

@@ -1,6 +1,10 @@
 #include "platform/machine/reg_file.h"
+#include "platform/values/text.h"
+#include "platform/values/windows1252.h"
 #include "tests/buehne.h"
+#include "tests/platform/machine/troubles.h"
 
+#include <cerrno>
 #include <gtest/gtest.h>
 #include <iterator>
 #include <optional>
@@ -77,6 +81,124 @@ TEST_F(RegFileTest, WhatIsSetComesBackAndTheRestOfTheFileStays) {
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.pfad()), {}), 1);
 }
 
+TEST_F(RegFileTest, AValueIsReplacedWhereItStandsInWhateverCase) {
+    const std::string head =
+        "; Rechner 12\n\n[HKEY_Local_Machine\\SOFTWARE\\KLOPFMEISE] ; unser Schl\xC3\xBCssel\n"
+        "\"Other\"=\"a;b\"\n";
+    lay(head + "  \"pin\" = \"7294\"  ; Code der Lehrkr\xC3\xA4"
+               "fte\n\"Last\"=dword:7 ; sieben");
+    write("Pin", {Type::string, "1234"});
+    write("PIN", {Type::string, "8815"});
+    const std::string replaced = head + "  \"pin\" = hex(1):38,38,31,35  ; Code der Lehrkr\xC3\xA4"
+                                        "fte\n";
+    EXPECT_EQ(dateiinhalt(path_), replaced + "\"Last\"=dword:7 ; sieben");
+    EXPECT_EQ(read("Last"), Content(Type::dword, "\7\0\0\0"s));
+    write("last", {Type::dword, "\x10\0\0\0"s});
+    write("New\"\\", {Type::dword, "\1\0\0\0"s});
+    EXPECT_EQ(dateiinhalt(path_),
+              replaced + "\"Last\"=dword:00000010 ; sieben\n\"New\\\"\\\\\"=dword:00000001\n");
+    EXPECT_EQ(read("nEW\"\\"), Content(Type::dword, "\1\0\0\0"s));
+}
+
+TEST_F(RegFileTest, OfSeveralValuesOfOneNameTheLastCountsAndOneIsLeftAfterAWrite) {
+    const std::string key = "[HKEY_LOCAL_MACHINE\\Software\\Klopfmeise]\r\n";
+    lay(key + "\"Pin\"=\"1111\"\r\n\"PIN\"=hex(1):32,\\\r\n  32\r\n\"Last\"=\"x\"\r\n");
+    EXPECT_EQ(read("Pin"), Content(Type::string, "22"));
+    write("Pin", {Type::string, "3"});
+    EXPECT_EQ(dateiinhalt(path_), key + "\"Pin\"=hex(1):33\r\n\"Last\"=\"x\"\r\n");
+}
+
+TEST_F(RegFileTest, WhatAnAdministratorWritesMeanwhileStays) {
+    const std::string key = "[HKEY_LOCAL_MACHINE\\Software\\Klopfmeise]\r\n";
+    lay(key + "\"Pin\"=\"1111\"\r\n\"Path\"=\"a\"\r\n");
+    const auto opened = file_.open(RegFile::localMachine, key_, RegFile::writeAccess);
+    lay(key + "\"Pin\"=\"2222\"\r\n\"Path\"=\"a\"\r\n");
+    file_.set(opened.handle, "Path", {Type::string, "b"});
+    EXPECT_EQ(file_.close(opened.handle), RegistryStatus::success);
+    EXPECT_EQ(dateiinhalt(path_), key + "\"Pin\"=\"2222\"\r\n\"Path\"=hex(1):62\r\n");
+}
+
+/// The text in an encoding with its mark.
+std::string encoded(const std::wstring& text, const std::string& encoding) {
+    if (encoding == "UTF-8")
+        return toUtf8(text);
+    if (encoding == "UTF-8 with a mark")
+        return "\xEF\xBB\xBF" + toUtf8(text);
+    if (encoding == "Windows-1252")
+        return toWindows1252(text);
+    const bool big = encoding == "UTF-16 big-endian";
+    std::string bytes = big ? "\xFE\xFF" : "\xFF\xFE";
+    for (const wchar_t c : text) {
+        const char high = static_cast<char>(c >> 8);
+        const char low = static_cast<char>(c & 0xFF);
+        bytes += big ? high : low;
+        bytes += big ? low : high;
+    }
+    return bytes;
+}
+
+TEST_F(RegFileTest, EachEncodingIsReadAndWrittenBackAsItIs) {
+    const std::wstring key = L"\r\n[HKEY_LOCAL_MACHINE\\Software\\Klopfmeise]\r\n";
+    for (const char* encoding :
+         {"UTF-8", "UTF-8 with a mark", "Windows-1252", "UTF-16 little-endian", "UTF-16 big-endian"}) {
+        SCOPED_TRACE(encoding);
+        lay(encoded(L"; Schülerrechner" + key + L"\"Größe\"=\"ä€\"\r\n\"Pin\"=\"7294\"", encoding));
+        EXPECT_EQ(read("GR\xD6\xDF"
+                       "E"),
+                  Content(Type::string, "\xE4\x80\0"s));
+        EXPECT_EQ(read("Pin"), Content(Type::string, "7294\0"s));
+        write("Pin", {Type::string, "1"});
+        write("L\xE4nge", {Type::dword, "\2\0\0\0"s});
+        EXPECT_EQ(dateiinhalt(path_),
+                  encoded(L"; Schülerrechner" + key +
+                              L"\"Größe\"=\"ä€\"\r\n\"Pin\"=hex(1):31\r\n\"Länge\"=dword:00000002\r\n",
+                          encoding));
+    }
+    // Beyond the code page, in a pair of units and in one: UTF-8 behind its mark.
+    lay("\xFF\xFE"s + encoded(key + L"\"Path\"=\"\xD83D\xDE00 шк\"\r\n", "UTF-16 little-endian").substr(2));
+    EXPECT_EQ(read("Path"), Content(Type::string, "\xEF\xBB\xBF\xF0\x9F\x98\x80 \xD1\x88\xD0\xBA\0"s));
+}
+
+TEST_F(RegFileTest, TheFolderIsMadeForAllToReadWhateverTheUmask) {
+    const auto folder = folder_.pfad() / "etc" / "klopfmeise";
+    RegFile fresh((folder / "maschine.reg").string());
+    const Umask umask(0077);
+    const auto made = fresh.create(RegFile::localMachine, key_, RegFile::writeAccess);
+    EXPECT_EQ(made.disposition, 1U);
+    EXPECT_EQ(fresh.close(made.handle), RegistryStatus::success);
+    const auto mode = [](const std::filesystem::path& path) {
+        return static_cast<unsigned>(std::filesystem::status(path).permissions());
+    };
+    EXPECT_EQ(mode(folder), 0755U);
+    EXPECT_EQ(mode(folder / "maschine.reg"), 0644U);
+    // An administrator's own rights stay.
+    std::filesystem::permissions(folder / "maschine.reg", std::filesystem::perms{0640});
+    const auto opened = fresh.open(RegFile::localMachine, key_, RegFile::writeAccess);
+    fresh.set(opened.handle, "Pin", {Type::string, "1"});
+    EXPECT_EQ(fresh.close(opened.handle), RegistryStatus::success);
+    EXPECT_EQ(mode(folder / "maschine.reg"), 0640U);
+}
+
+TEST_F(RegFileTest, AFailedWriteLeavesTheFileAndIsTold) {
+    const std::string before = "[HKEY_LOCAL_MACHINE\\Software\\Klopfmeise]\r\n\"Pin\"=\"7294\"\r\n";
+    const auto status = [&](FailingCall::Call call, int error) {
+        lay(before);
+        const auto opened = file_.open(RegFile::localMachine, key_, RegFile::writeAccess);
+        file_.set(opened.handle, "Pin", {Type::string, "1"});
+        const FailingCall failing(call, error, folder_.pfad());
+        return file_.close(opened.handle);
+    };
+    for (const auto& [call, error] :
+         {std::pair(FailingCall::Call::flush, EIO), {FailingCall::Call::close, ENOSPC}}) {
+        EXPECT_EQ(status(call, error), RegistryStatus::accessDenied);
+        EXPECT_EQ(dateiinhalt(path_), before);
+    }
+    // A file that is laid into its place by itself, as in a container, can only be written over.
+    EXPECT_EQ(status(FailingCall::Call::rename, EBUSY), RegistryStatus::success);
+    EXPECT_EQ(read("Pin"), Content(Type::string, "1"));
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.pfad()), {}), 1);
+}
+
 TEST_F(RegFileTest, AKeyIsMadeOnceAndOnlyInTheMachinesHive) {
     EXPECT_EQ(file_.open(RegFile::localMachine, key_, RegFile::readAccess).status,
               RegistryStatus::fileNotFound);
@@ -86,7 +208,7 @@ TEST_F(RegFileTest, AKeyIsMadeOnceAndOnlyInTheMachinesHive) {
                                   "[HKEY_LOCAL_MACHINE\\Software\\Klopfmeise]\r\n");
     constexpr std::uint32_t currentUser = 0x80000001;
     EXPECT_EQ(file_.create(currentUser, key_, RegFile::writeAccess).status, RegistryStatus::accessDenied);
-    RegFile nowhere((folder_.pfad() / "missing" / "machine.reg").string());
+    RegFile nowhere((folder_.pfad() / "machine.reg" / "below a file.reg").string());
     EXPECT_EQ(nowhere.create(RegFile::localMachine, key_, RegFile::writeAccess).status,
               RegistryStatus::accessDenied);
 }

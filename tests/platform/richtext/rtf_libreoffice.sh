@@ -16,7 +16,7 @@ convert() {
         --convert-to "$1" --outdir "$2" "$3" >"$folder/messages" 2>&1 || { cat "$folder/messages"; exit 1; }
 }
 # LibreOffice ends lines with LF alone and begins with a byte order mark; the last line end is not compared.
-even() { tr -d '\r' <"$1" | sed '1s/^\xef\xbb\xbf//'; }
+even() { printf '%s\n' "$(tr -d '\r' <"$1" | sed '1s/^\xef\xbb\xbf//')"; }
 compare() {
     even "$1" >"$folder/expected"
     even "$2" >"$folder/actual"

@@ -53,7 +53,7 @@ int main(int count, char** arguments) {
         std::cerr << words[2] << ": cannot be read\n";
         return 1;
     }
-    const RtfDocument document = readRtf(bytes);
+    const RtfDocument document = readRtf(bytes).document;
     std::ofstream output(words[3], std::ios::binary);
     output << (words[1] == "write" ? writeRtf(styledInTurn(document)) : toUtf8(document.plainText()));
     return output.flush() ? 0 : 1;

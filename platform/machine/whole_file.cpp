@@ -1,0 +1,104 @@
+#include "platform/machine/whole_file.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace klopfmeise {
+
+namespace {
+
+enum class Placed { yes, no, refused };
+
+/// Whether a share that failed to make a file or to rename one does not allow it at all. Everything else, a
+/// full disk above all, would meet the old file as well.
+bool isRefusal(int error) {
+    return error == EACCES || error == EPERM || error == EROFS || error == EINVAL || error == ENAMETOOLONG ||
+           error == EBUSY || error == ENOTSUP || error == EXDEV || error == ETXTBSY;
+}
+
+bool written(Descriptor& file, std::string_view bytes) {
+    // All three in any case, and the closing last.
+    const bool arrived = overwrite(file, 0, bytes) && flush(file);
+    return file.close() && arrived;
+}
+
+/// Writes a new file beside `place` and renames it. Its leading dot keeps it out of all lists meanwhile.
+Placed putInPlace(const std::string& place, std::string_view bytes, const Rights& rights) {
+    constexpr int attempts = 100;
+    const std::string beginning = folderOf(place) + "/.klopfmeise-" + std::to_string(::getpid()) + "-";
+    Descriptor file;
+    std::string name;
+    // On a shared folder another machine may have a process of the same number.
+    for (int i = 0; !file && i < attempts; ++i) {
+        name = beginning + std::to_string(i);
+        file = makeFile(name, O_RDWR, rights);
+        if (!file && errno != EEXIST)
+            break;
+    }
+    if (!file)
+        return isRefusal(errno) ? Placed::refused : Placed::no;
+    if (!written(file, bytes)) {
+        ::unlink(name.c_str());
+        return Placed::no;
+    }
+    if (std::rename(name.c_str(), place.c_str()) == 0)
+        return Placed::yes;
+    const Placed result = isRefusal(errno) ? Placed::refused : Placed::no;
+    ::unlink(name.c_str());
+    return result;
+}
+
+bool writeOver(Descriptor& file, std::string_view bytes) {
+    struct stat before {};
+    if (::fstat(file.number(), &before) != 0)
+        return false;
+    const auto old = readWhole(file, static_cast<std::size_t>(before.st_size));
+    if (!old || !overwrite(file, 0, bytes))
+        return false;
+    const bool arrived = ::ftruncate(file.number(), static_cast<off_t>(bytes.size())) == 0 && flush(file);
+    if (!arrived && overwrite(file, 0, *old)) [[maybe_unused]]
+        const int cut = ::ftruncate(file.number(), before.st_size);
+    return file.close() && arrived;
+}
+
+} // namespace
+
+std::string folderOf(const std::string& place) {
+    const auto slash = place.rfind('/');
+    return slash == std::string::npos ? "." : place.substr(0, std::max<std::size_t>(slash, 1));
+}
+
+std::optional<std::string> readWhole(const Descriptor& file, std::size_t limit) {
+    struct stat status {};
+    if (::fstat(file.number(), &status) != 0 || !S_ISREG(status.st_mode))
+        return std::nullopt;
+    return readAt(file, 0, std::min(limit, static_cast<std::size_t>(status.st_size)));
+}
+
+bool replaceFile(const std::string& place, std::string_view bytes, const Rights& rights) {
+    Descriptor old(::open(place.c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK));
+    if (old ? !isFile(old) : errno != ENOENT)
+        return false;
+    // A link stays one: what it points to is replaced.
+    std::error_code failed;
+    const std::string target = old ? std::filesystem::canonical(place, failed).string() : place;
+    const Placed placed = failed ? Placed::refused : putInPlace(target, bytes, rights);
+    if (placed != Placed::refused)
+        return placed == Placed::yes;
+    if (old)
+        return writeOver(old, bytes);
+    Descriptor made = makeFile(place, O_RDWR, rights);
+    if (!made)
+        return false;
+    const bool arrived = written(made, bytes);
+    if (!arrived)
+        ::unlink(place.c_str());
+    return arrived;
+}
+
+} // namespace klopfmeise

@@ -1,0 +1,266 @@
+#include "platform/controls/lists.h"
+#include "platform/values/windows1252.h"
+#include "store/einstellungsdatei.h"
+#include "tests/meldungen.h"
+#include "tests/platform/machine/troubles.h"
+
+#include <array>
+#include <cstdio>
+#include <exception>
+#include <fstream>
+#include <functional>
+#include <grp.h>
+#include <gtest/gtest.h>
+#include <sys/mount.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace klopfmeise {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Users by their numbers alone; the machine need not know them.
+struct Benutzer {
+    uid_t nummer;
+    gid_t gruppe;
+    bool gemeinsam;
+};
+constexpr gid_t gemeinsameGruppe = 61000;
+constexpr Benutzer anna{61001, 61001, true};
+constexpr Benutzer bernd{61002, 61002, true};
+constexpr Benutzer fremd{61003, 61003, false};
+
+/// Does something as a user in a process of its own; what fails there fails here.
+void als(const Benutzer& wer, mode_t umask, const std::function<void()>& tun) {
+    std::fflush(nullptr);
+    const auto fehlschläge = [] {
+        return testing::UnitTest::GetInstance()->current_test_info()->result()->total_part_count();
+    };
+    const int vorher = fehlschläge();
+    const pid_t kind = ::fork();
+    ASSERT_GE(kind, 0);
+    if (kind == 0) {
+        int ende = 1;
+        const bool gewechselt = ::setgroups(wer.gemeinsam ? 1 : 0, &gemeinsameGruppe) == 0 &&
+                                ::setgid(wer.gruppe) == 0 && ::setuid(wer.nummer) == 0;
+        ::umask(umask);
+        try {
+            if (gewechselt) {
+                tun();
+                ende = fehlschläge() > vorher ? 1 : 0;
+            }
+        } catch (const std::exception& fehler) {
+            std::fprintf(stderr, "%s\n", fehler.what());
+        }
+        std::fflush(nullptr);
+        ::_exit(ende);
+    }
+    int status = 0;
+    ::waitpid(kind, &status, 0);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "as user " << wer.nummer;
+}
+
+/// Anna and Bernd may all that the folder's owner may, others nothing.
+const std::vector<Access> liste{{Access::owner, 7},
+                                {Access::user, 7, anna.nummer},
+                                {Access::user, 7, bernd.nummer},
+                                {Access::group, 0},
+                                {Access::mask, 7},
+                                {Access::others, 0}};
+
+/// How an administrator may share the folder.
+struct Freigabe {
+    const char* name;
+    mode_t ordner;
+    bool gruppe;
+    bool zugriffsliste;
+    bool vorgabeliste;
+};
+constexpr std::array freigaben{
+    Freigabe{"group with setgid bit", 02775, true, false, false},
+    Freigabe{"group alone", 0770, true, false, false},
+    Freigabe{"everyone", 0777, false, false, false},
+    Freigabe{"access list with defaults", 0700, false, true, true},
+    Freigabe{"access list alone", 0700, false, true, false},
+};
+
+class ZweiBenutzer : public ::testing::Test {
+protected:
+    void SetUp() override {
+        if (::geteuid() != 0)
+            GTEST_SKIP() << "(SKIP) only root can act as two users";
+        ::chmod(b.ordner.pfad().c_str(), 0755);
+    }
+
+    /// False where the file system knows no access lists.
+    bool freigeben(const Freigabe& wie) {
+        std::vector<fs::path> alle{b.daten()};
+        for (const auto& eintrag : fs::recursive_directory_iterator(b.daten()))
+            alle.push_back(eintrag.path());
+        for (const fs::path& was : alle) {
+            const bool ordner = fs::is_directory(was);
+            removeAccess(was);
+            ::chown(was.c_str(), 0, wie.gruppe ? gemeinsameGruppe : 0);
+            ::chmod(was.c_str(), ordner ? wie.ordner : wie.ordner & 0666);
+            if (wie.zugriffsliste && !setAccess(was, liste))
+                return false;
+            if (wie.vorgabeliste && ordner && !setAccess(was, liste, true))
+                return false;
+        }
+        return true;
+    }
+
+    /// A whole start on the shared folder, and these keys in the first stage.
+    void tippen(const std::wstring& tasten) const {
+        Bühne eigene;
+        eigene.registry.values["Datenablage"] = {Registry::Type::string, toWindows1252(pfad(""))};
+        eigene.zurÜbung(1);
+        ASSERT_EQ(eigene.aktiv(), L"Tastatur0");
+        eigene.user.type(L' ');
+        eigene.user.type(tasten);
+    }
+
+    std::wstring pfad(const char* unter) const { return logikpfad(b.daten() / unter); }
+    double genauigkeit() { return zahlAus(b.satz(Kontosatz::Genauigkeit)).value_or(0); }
+    bool wertSchreiben(const char* konto) {
+        Kontodatei datei(dateien, pfad(konto));
+        return datei.schreiben(Kontosatz::Tempowert, std::int16_t{5}) && datei.schließen();
+    }
+
+    Bühne b;
+    PosixFiles dateien;
+};
+
+TEST_F(ZweiBenutzer, WhatTheProgramOfOneMakesTheOtherCanWriteRenameAndDelete) {
+    Globale hasen;
+    hasen.Datenpfad = pfad("");
+    hasen.AktuelleKlasse = L"Hasen\\";
+    for (const mode_t umask : {0022U, 0077U})
+        for (const Freigabe& freigabe : freigaben) {
+            SCOPED_TRACE(testing::Message() << freigabe.name << ", umask " << std::oct << umask);
+            fs::remove_all(b.daten() / "Gruppen" / "Hasen" / "Mia._");
+            fs::remove(b.daten() / "lzf75.tst");
+            if (!freigeben(freigabe)) {
+                std::puts("(SKIP) this file system knows no access lists");
+                continue;
+            }
+            // The account, the write test's file, a text, and a class with settings and an account.
+            als(anna, umask, [&] {
+                Kontodatei neu(dateien, logikpfad(b.konto()));
+                EXPECT_TRUE(neu.WerteSchreiben() && neu.schließen());
+                tippen(L"fj f\r");
+                EXPECT_TRUE(textnameSchreiben(dateien, hasen, L"Anna.txt"));
+                EXPECT_TRUE(dateien.writeAll(pfad("Data/Texte/Neu.txt"), "von Anna"));
+                EXPECT_TRUE(dateien.makeFolder(pfad("Gruppen/Igel")));
+                EXPECT_TRUE(dateien.copyFile(pfad("Gruppen/KME.ein"), pfad("Gruppen/Igel/KME.ein")));
+                EXPECT_TRUE(Kontodatei(dateien, pfad("Gruppen/Igel/Tim._")).WerteSchreiben());
+            });
+            EXPECT_EQ(genauigkeit(), 100);
+            als(bernd, umask, [&] {
+                tippen(L"fjx f\r");
+                EXPECT_TRUE(textnameSchreiben(dateien, hasen, L"Bernd.txt"));
+                EXPECT_TRUE(dateien.writeAll(pfad("Data/Texte/Neu.txt"), "von Bernd"));
+                EXPECT_TRUE(wertSchreiben("Gruppen/Igel/Tim._"));
+                EXPECT_TRUE(wertSchreiben("Gruppen/Igel/KME.ein"));
+                EXPECT_TRUE(dateien.rename(pfad("Gruppen/Igel"), pfad("Gruppen/Dachs")));
+                EXPECT_TRUE(Kontodatei(dateien, pfad("Gruppen/Dachs/Eva._")).WerteSchreiben());
+            });
+            EXPECT_LT(genauigkeit(), 100);
+            EXPECT_EQ(dateiinhalt(b.daten() / "Data" / "Texte" / "Neu.txt"), "von Bernd");
+            EXPECT_EQ(textnameLesen(dateien, hasen), L"Bernd.txt");
+            if (freigabe.ordner != 0777)
+                als(fremd, umask, [&] {
+                    for (const char* was : {"lzf75.tst", "Data/Texte/Neu.txt", "Data/Texte/Fremd.txt",
+                                            "Gruppen/Hasen/Mia._", "Gruppen/Dachs/Eva._"})
+                        EXPECT_FALSE(dateien.writeAll(pfad(was), "x")) << was;
+                });
+            als(anna, umask, [&] {
+                EXPECT_TRUE(wertSchreiben("Gruppen/Dachs/Eva._"));
+                for (const wchar_t* was : {L"Eva._", L"Tim._", L"KME.ein"})
+                    EXPECT_TRUE(dateien.removeFile(pfad("Gruppen/Dachs/") + L"\\" + logikpfad(was))) << was;
+                EXPECT_TRUE(dateien.removeFolder(pfad("Gruppen/Dachs")));
+                EXPECT_TRUE(dateien.removeFile(pfad("Data/Texte/Neu.txt")));
+            });
+        }
+}
+
+TEST_F(ZweiBenutzer, WhatIsMeantForTheFoldersGroupDoesNotGoToAnotherOne) {
+    const fs::path ordner = b.ordner.pfad() / "Ordner";
+    fs::create_directory(ordner);
+    ::chown(ordner.c_str(), 0, gemeinsameGruppe);
+    ::chmod(ordner.c_str(), 0770);
+    if (!setAccess(ordner, {{Access::owner, 7},
+                            {Access::user, 7, fremd.nummer},
+                            {Access::user, 7, anna.nummer},
+                            {Access::group, 7},
+                            {Access::mask, 7},
+                            {Access::others, 0}}))
+        GTEST_SKIP() << "(SKIP) this file system knows no access lists";
+    const std::wstring datei = logikpfad(ordner / "Mia._");
+    als(fremd, 0022, [&] { EXPECT_TRUE(dateien.openRecords(datei)->write(0, "x")); });
+    const auto schreiben = [&] {
+        const auto konto = dateien.openRecords(datei);
+        return konto && konto->write(0, "y");
+    };
+    als(anna, 0022, [&] { EXPECT_TRUE(schreiben()); });
+    ::chmod(ordner.c_str(), 0777);
+    als({61004, fremd.gruppe, false}, 0022, [&] { EXPECT_FALSE(schreiben()); });
+}
+
+/// A small disk of its own, mounted as long as the object lives.
+class KleinePlatte {
+public:
+    explicit KleinePlatte(fs::path wo)
+        : wo_(std::move(wo))
+        , da_(fs::create_directories(wo_) && ::mount("klein", wo_.c_str(), "tmpfs", 0, "size=128k") == 0) {}
+    ~KleinePlatte() {
+        if (da_)
+            ::umount(wo_.c_str());
+    }
+    KleinePlatte(const KleinePlatte&) = delete;
+    KleinePlatte& operator=(const KleinePlatte&) = delete;
+    bool da() const { return da_; }
+    void füllen() const {
+        std::ofstream voll(wo_ / "voll", std::ios::binary);
+        while (voll.write("x", 1).flush()) {
+        }
+    }
+
+private:
+    fs::path wo_;
+    bool da_;
+};
+
+TEST(VollePlatte, TheStartIsRefusedAndNoAccountLosesARecord) {
+    Bühne b;
+    const KleinePlatte platte(b.ordner.pfad() / "Platte");
+    if (!platte.da())
+        GTEST_SKIP() << "(SKIP) only root can mount a disk";
+    const fs::path daten = b.ordner.pfad() / "Platte" / "Daten";
+    fs::copy(b.daten(), daten, fs::copy_options::recursive);
+    b.registry.values["Datenablage"] = {Registry::Type::string, toWindows1252(logikpfad(daten)) + "\\"};
+    b.start();
+    ASSERT_EQ(b.aktiv(), L"Lern1");
+    platte.füllen();
+
+    const fs::path mia = daten / "Gruppen" / "Hasen" / "Mia._";
+    const std::string vorher = dateiinhalt(mia);
+    Kontodatei datei(b.echteDateien, logikpfad(mia));
+    EXPECT_FALSE(datei.schreiben(400, 1.5));
+    EXPECT_EQ(dateiinhalt(mia), vorher);
+    EXPECT_FALSE(Kontodatei(b.echteDateien, logikpfad(daten / "Gruppen" / "Neu._")).WerteSchreiben());
+    EXPECT_EQ(dateiinhalt(daten / "Gruppen" / "Neu._"), "");
+
+    // The file of the earlier start would still take its six bytes.
+    Bühne danach;
+    danach.registry.values = b.registry.values;
+    danach.start();
+    ASSERT_EQ(danach.backend.messages.size(), 1U);
+    EXPECT_EQ(danach.backend.messages[0].title, L"Hinweis zur Datenablage");
+    EXPECT_TRUE(danach.backend.quitAsked);
+    EXPECT_NE(danach.aktiv(), L"Lern1");
+}
+
+} // namespace
+} // namespace klopfmeise

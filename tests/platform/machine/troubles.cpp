@@ -1,0 +1,99 @@
+#include "tests/platform/machine/troubles.h"
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/syscall.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+#include <utility>
+
+namespace klopfmeise {
+
+namespace {
+
+using Call = FailingCall::Call;
+
+struct Trouble {
+    Call call = Call::none;
+    int error = 0;
+    std::string folder;
+};
+Trouble trouble;
+
+bool meets(Call call, std::string_view path) {
+    if (trouble.call != call || !path.starts_with(trouble.folder))
+        return false;
+    errno = trouble.error;
+    return true;
+}
+
+bool meets(Call call, int descriptor) {
+    if (trouble.call != call)
+        return false;
+    std::array<char, 4096> path{};
+    const std::string link = "/proc/self/fd/" + std::to_string(descriptor);
+    const ssize_t length = ::readlink(link.c_str(), path.data(), path.size());
+    return length > 0 && meets(call, std::string_view(path.data(), static_cast<std::size_t>(length)));
+}
+
+} // namespace
+
+FailingCall::FailingCall(Call call, int error, std::string folder) {
+    trouble = {call, error, std::move(folder)};
+}
+
+FailingCall::~FailingCall() { trouble = {}; }
+
+FileSizeLimit::FileSizeLimit(rlim_t bytes) {
+    std::signal(SIGXFSZ, SIG_IGN);
+    ::getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit limit{bytes, before_.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+}
+
+FileSizeLimit::~FileSizeLimit() { ::setrlimit(RLIMIT_FSIZE, &before_); }
+
+bool setAccess(const std::filesystem::path& path, const std::vector<Access>& entries, bool handedOn) {
+    std::string bytes("\2\0\0\0", 4);
+    for (const Access& entry : entries)
+        for (const std::uint32_t number : {entry.who | std::uint32_t{entry.may} << 16, entry.number})
+            for (int shift = 0; shift < 32; shift += 8)
+                bytes += static_cast<char>(number >> shift & 0xFF);
+    const char* name = handedOn ? "system.posix_acl_default" : "system.posix_acl_access";
+    return ::setxattr(path.c_str(), name, bytes.data(), bytes.size(), 0) == 0;
+}
+
+void removeAccess(const std::filesystem::path& path) {
+    for (const char* name : {"system.posix_acl_access", "system.posix_acl_default"})
+        ::removexattr(path.c_str(), name);
+}
+
+} // namespace klopfmeise
+
+// In this program these take the place of the system's own calls.
+extern "C" {
+
+int fsync(int descriptor) {
+    using namespace klopfmeise;
+    return meets(Call::flush, descriptor) ? -1 : static_cast<int>(::syscall(SYS_fsync, descriptor));
+}
+
+int close(int descriptor) {
+    using namespace klopfmeise;
+    const bool fails = meets(Call::close, descriptor);
+    const auto result = static_cast<int>(::syscall(SYS_close, descriptor));
+    if (fails)
+        errno = trouble.error;
+    return fails ? -1 : result;
+}
+
+int rename(const char* from, const char* to) noexcept {
+    using namespace klopfmeise;
+    return meets(Call::rename, to)
+               ? -1
+               : static_cast<int>(::syscall(SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0));
+}
+}

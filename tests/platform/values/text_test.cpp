@@ -1,0 +1,79 @@
+#include "platform/values/text.h"
+
+#include "platform/values/font.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace klopfmeise {
+namespace {
+
+using Lines = std::vector<std::wstring_view>;
+
+TEST(Utf8, EveryLengthGoesThereAndBackAndForeignBytesSurvive) {
+    const std::wstring text = L"a\u007F\u0080\u07FF\u0800\uFFFD\uFFFF\U00010000\U0010FFFF";
+    const std::string bytes =
+        "a\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBD\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF";
+    EXPECT_EQ(toUtf8(text), bytes);
+    EXPECT_EQ(fromUtf8(bytes), text);
+    // A lone byte, one too few, too long a spelling, a half of a pair, beyond the last character.
+    for (const char* foreign :
+         {"K\xE4the", "\xE2\x82", "a\xC3", "\xC0\x80", "\xC1\xBF", "\xE0\x9F\xBF", "\xED\xA0\x80",
+          "\xED\xBF\xBF", "\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80", "\xC3(", "\x80", "\xFF"}) {
+        const std::wstring read = fromUtf8(foreign);
+        EXPECT_EQ(toUtf8(read), foreign);
+        EXPECT_TRUE(std::ranges::any_of(read, [](wchar_t c) { return c >= 0xDC80 && c <= 0xDCFF; }))
+            << foreign;
+    }
+}
+
+TEST(Names, CompareWithoutRegardToCaseInTheWholeCodePage) {
+    EXPECT_EQ(upper(L"azàöøþšœžÿ ß÷`{"), L"AZÀÖØÞŠŒŽŸ ß÷`{");
+    EXPECT_TRUE(sameName(L"Ärger.TXT", L"ärger.txt"));
+    EXPECT_FALSE(sameName(L"a", L"ab") || sameName(L"÷", L"×"));
+    EXPECT_TRUE(matches(L"abxbzc", L"A*b?c") && matches(L"", L"*") && matches(L"a", L"a**"));
+    EXPECT_FALSE(matches(L"a", L"a?") || matches(L"ab", L"a") || matches(L"abx", L"*b") ||
+                 matches(L"", L"?"));
+}
+
+TEST(Numbers, AreRoundedAndSpelledAsAPersonWritesThem) {
+    EXPECT_EQ(Int(-0.5), -1);
+    EXPECT_EQ(Int(2.9), 2);
+    // Half goes away from zero, also where its binary form lies a hair below; no zero has a sign.
+    EXPECT_EQ(formatted(98.745, 2, L','), L"98,75");
+    EXPECT_EQ(formatted(2.5, 0, L'.'), L"3");
+    EXPECT_EQ(formatted(-2.5, 0, L'.'), L"-3");
+    EXPECT_EQ(formatted(0.44, 0, L'.'), L"0");
+    EXPECT_EQ(formatted(-0.004, 2, L','), L"0,00");
+    EXPECT_EQ(formatted(1e300, 0, L',').size(), 301U);
+    EXPECT_EQ(numberText(16.8, L','), L"16,8");
+    EXPECT_EQ(numberText(0.1 + 0.2, L'.'), L"0.3");
+    EXPECT_EQ(numberText(12.5, L',', 2), L"12");
+    EXPECT_EQ(numberText(1e15, L','), L"1E+15");
+
+    EXPECT_EQ(spelledNumber(L" \t-1,5 "), -1.5);
+    EXPECT_EQ(spelledNumber(L"1e3"), 1000);
+    for (const wchar_t* none :
+         {L"", L"  ", L"zwei", L"1 2", L"1,2,3", L"inf", L"nan", L"1e999", L"\u0661", L"5ü"})
+        EXPECT_FALSE(spelledNumber(none)) << toUtf8(none);
+}
+
+TEST(Lines, WrapAtABlankThatMayHangOverTheMargin) {
+    const Font font{courier, 14.25, true};
+    const int five = 5 * metricsOf(font).charWidth;
+    EXPECT_EQ(linesOf(L"abcde fgh", font, five), (Lines{L"abcde", L"fgh"}));
+    EXPECT_EQ(linesOf(L"ab cd ef", font, five + 1), (Lines{L"ab cd", L"ef"}));
+    EXPECT_EQ(linesOf(L"ab cd ef", font, five - 1), (Lines{L"ab", L"cd", L"ef"}));
+    EXPECT_EQ(linesOf(L"abcdefgh", font, five), (Lines{L"abcde", L"fgh"}));
+    EXPECT_EQ(linesOf(L" abcdefgh", font, five), (Lines{L" abcd", L"efgh"}));
+    EXPECT_EQ(linesOf(L"a\r\n\nb\rc", font, five), (Lines{L"a", L"", L"b", L"c"}));
+    EXPECT_EQ(linesOf(L"ab", font, 0), (Lines{L"a", L"b"}));
+    EXPECT_EQ(linesOf(L"", font, five), Lines{L""});
+    const TextSize size = sizeOf(L"ab\r\nabcd\nc", font);
+    EXPECT_EQ(size.width, 4 * metricsOf(font).charWidth);
+    EXPECT_EQ(size.height, 3 * metricsOf(font).lineHeight);
+}
+
+} // namespace
+} // namespace klopfmeise
