@@ -56,10 +56,11 @@ public:
     FolderList list{*this, L"list", {3300, 150, 2500, 2400}, {.click = diary.noting("list")}};
 };
 
-class RahmenQt : public testing::Test {
+class RahmenQt : public testing::Test, public Playground {
 protected:
-    RahmenQt() {
-        backend().setRuntime(runtime);
+    RahmenQt()
+        : Playground(&klopfmeise::backend()) {
+        klopfmeise::backend().setRuntime(runtime);
         add<FrameForm>(L"Frame",
                        {.kind = FormKind::frame,
                         .caption = L"Einstellungsmodus",
@@ -70,7 +71,7 @@ protected:
         for (const auto name : {L"One", L"Two"})
             add<Child>(name, child(6000, 3000));
         add<Child>(L"Large", child(12000, 12000));
-        add<NotingForm>(L"Small", {.kind = FormKind::window, .width = 3000, .height = 2000});
+        add(L"Small", {.kind = FormKind::window, .width = 3000, .height = 2000});
     }
     ~RahmenQt() override {
         for (const auto name : runtime.names())
@@ -84,10 +85,6 @@ protected:
                 .height = height,
                 .frame = L"Frame"};
     }
-    template <class Made>
-    void add(std::wstring_view name, const FormLook& look) {
-        runtime.add(name, [this, name, look] { return std::make_unique<Made>(runtime, name, look, diary); });
-    }
     std::string shown(std::initializer_list<std::wstring_view> names) {
         for (const auto name : names)
             runtime.show(name);
@@ -97,7 +94,7 @@ protected:
         settle();
         return diary.take();
     }
-    Child& one() { return static_cast<Child&>(*runtime.loaded(L"One")); }
+    Child& one() { return form<Child>(L"One"); }
     QWidget& widget(std::wstring_view form) {
         return static_cast<QtFormView*>(runtime.loaded(form)->view())->widget();
     }
@@ -110,7 +107,6 @@ protected:
     QMdiSubWindow& window(std::wstring_view form) {
         return static_cast<QMdiSubWindow&>(*widget(form).parentWidget());
     }
-    std::wstring active() { return std::wstring(runtime.active() ? runtime.active()->name() : L""); }
 
     std::string clicked(const QWidget& on, const QPoint& at, Qt::MouseButton button = Qt::LeftButton) {
         QWindow* to = on.window()->windowHandle();
@@ -134,9 +130,6 @@ protected:
     }
 
     const Wegwerfordner folder;
-    Playground ground;
-    Diary& diary = ground.diary;
-    FormRuntime runtime{backend(), ground.runtime.services()};
 };
 
 TEST_F(RahmenQt, TheFrameFillsTheScreenAndHoldsItsMenuItsStripAndItsChildren) {
@@ -144,7 +137,8 @@ TEST_F(RahmenQt, TheFrameFillsTheScreenAndHoldsItsMenuItsStripAndItsChildren) {
     const QMdiArea& area = frame().area();
     EXPECT_TRUE(frame().isMaximized());
     EXPECT_EQ(frame().windowTitle(), QStringLiteral("Einstellungsmodus"));
-    const double pixel = backend().screen().width / static_cast<double>(frame().screen()->size().width());
+    const double pixel =
+        klopfmeise::backend().screen().width / static_cast<double>(frame().screen()->size().width());
     EXPECT_NEAR(runtime.loaded(L"Frame")->width(), frame().width() * pixel, 1);
     const QWidget& strip = widget(L"Frame");
     EXPECT_EQ(strip.mapTo(&frame(), QPoint()), QPoint(0, frame().menuBar()->height()));
@@ -154,8 +148,8 @@ TEST_F(RahmenQt, TheFrameFillsTheScreenAndHoldsItsMenuItsStripAndItsChildren) {
     EXPECT_EQ(frame().grab().toImage().pixelColor(area.mapTo(&frame(), QPoint(2, 2))), QColor(128, 128, 0));
 
     shown({L"Large"});
+    EXPECT_NEAR(window(L"One").x(), 100 / pixel, 1);
     for (const auto name : {L"One", L"Large"}) {
-        EXPECT_NEAR(window(name).x(), 100 / pixel, 1);
         EXPECT_TRUE(area.viewport()->rect().contains(window(name).geometry())) << "reaches beyond the frame";
         EXPECT_TRUE(window(name).contentsRect().contains(widget(name).geometry()));
         EXPECT_EQ(window(name).windowTitle(), QStringLiteral("Hauptmenü"));
@@ -172,7 +166,8 @@ TEST_F(RahmenQt, TheUserMovesAmongTheChildrenAndClosesThem) {
     EXPECT_EQ(one().code.text(), L"7") << "the keys do not go to the active child";
     window(L"One").close();
     EXPECT_EQ(happened(), "One.unload Two.activate");
-    EXPECT_EQ(window(L"Two").pos(), QPoint(300, 300));
+    runtime.loaded(L"Two")->setCaption(L"other");
+    EXPECT_EQ(window(L"Two").pos(), QPoint(300, 300)) << "the user has moved it";
     shown({L"Small"});
     frame().windowHandle()->close();
     EXPECT_EQ(happened(), "Two.unload Frame.unload");
@@ -187,13 +182,13 @@ TEST_F(RahmenQt, AWindowOverTheFrameStaysActiveWhateverTheChildrenDo) {
     QWindow* small = widget(L"Small").windowHandle();
     EXPECT_EQ(QGuiApplication::focusWindow(), small);
     diary.on.clear();
-    auto& timer = static_cast<NotingForm&>(*runtime.loaded(L"Frame")).timer;
+    Timer& timer = form(L"Frame").timer;
     diary.on["Frame.tick"] = [this, &timer] {
         timer.setEnabled(false);
         runtime.unload(L"One");
     };
     timer.setInterval(1);
-    ground.clock.advance(1);
+    clock.advance(1);
     EXPECT_EQ(happened(), "Frame.tick One.unload Two.activate");
     EXPECT_EQ(QGuiApplication::focusWindow(), small);
     EXPECT_EQ(active(), L"Small");
@@ -250,8 +245,8 @@ TEST_F(RahmenQt, WidgetsStandInTheOrderOfTheirControlsHoweverLateTheyAreMade) {
 
 TEST_F(RahmenQt, WhatTheUserSetsIsHeardOnceAndWhatTheProgramSetsNever) {
     shown({L"One"});
-    ground.files.makeFolder(logikpfad(folder.pfad()) + L"\\a");
-    ground.files.makeFolder(logikpfad(folder.pfad()) + L"\\b");
+    files.makeFolder(logikpfad(folder.pfad()) + L"\\a");
+    files.makeFolder(logikpfad(folder.pfad()) + L"\\b");
     one().list.setPath(logikpfad(folder.pfad()));
     one().slider.setValue(5);
     one().first.setValue(1);

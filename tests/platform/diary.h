@@ -58,8 +58,10 @@ public:
     Timer timer{*this, L"timer", {.tick = [this] { note("tick"); }}};
 };
 
-/// A runtime without the program's forms.
+/// A runtime without the program's forms, on the headless backend or on another one.
 struct Playground {
+    explicit Playground(Backend* other = nullptr)
+        : runtime(other ? *other : backend, {clock, random, sound, files, registry, shell}) {}
     template <class Made = NotingForm>
     void add(std::wstring_view name, const FormLook& look = {}) {
         runtime.add(name, [this, name, look] { return std::make_unique<Made>(runtime, name, look, diary); });
@@ -78,7 +80,7 @@ struct Playground {
     ScriptedShell shell;
     HeadlessBackend backend{clock};
     Diary diary;
-    FormRuntime runtime{backend, {clock, random, sound, files, registry, shell}};
+    FormRuntime runtime;
     HeadlessUser user{runtime, clock};
 };
 

@@ -31,7 +31,7 @@ TEST_F(FormRuntimeTest, AFormLivesFromItsLoadToItsUnload) {
     EXPECT_EQ(shown({L"B", L"B"}), "B.load A.deactivate B.activate");
     user.activate(form(L"A"));
     EXPECT_EQ(diary.take(), "B.deactivate A.activate");
-    runtime.load(L"C");
+    user.activate(*runtime.load(L"C"));
     form(L"B").moveTo(7, 7);
     const auto life = form(L"B").life();
     runtime.unload(L"B");
@@ -170,8 +170,8 @@ TEST_F(FormRuntimeTest, ATimerHasOneTickOutstandingAndNoneFallsIntoAHandler) {
     shown({L"A"});
     form(L"A").timer.setInterval(100);
     diary.on["A.down88"] = [this] {
-        runtime.serveTimers();
         runtime.wait(1000);
+        runtime.serveTimers();
         diary.note("waited");
     };
     user.pass(250);

@@ -53,8 +53,8 @@ TEST_F(InputLineTest, EachInputIsServedToItsEndWithItsReactions) {
 TEST_F(InputLineTest, OfAHeldKeyOneRepeatWaits) {
     key("a", keyDown, 1);
     for (int i = 0; i < 3; ++i) {
-        key("repeat", keyDown, 1, true);
         key("lost", keyUp, 1, true);
+        key("repeat", keyDown, 1, true);
     }
     key("b", keyDown, 2);
     key("lost", keyDown, 1, true);
