@@ -42,6 +42,7 @@ bool Tastatur2::Startaufstellung() {
     lblZeit.setVisible(konto_.Zeitmodus != 0);
     lblGenau.setCaption(genauigkeitText(konto_.Genauigkeit, umgebung_.dezimalzeichen()));
     text_.Text1.setText(platz.lektion.stufe->Stufentext);
+    text_.Fehlersperre = 0;
     text_.Übernehmen();
     Timer1.setEnabled(false);
     cmdNeu.hide();
@@ -51,8 +52,6 @@ bool Tastatur2::Startaufstellung() {
     lblZeit.setCaption(std::to_wstring(Zeitlimit));
     Fehlerzahl = 0;
     Anzeige();
-    text_.Fehlersperre = 0;
-    text_.FingerLeuchten();
     repaint();
     sperre_.TasteFrei = true;
     return true;

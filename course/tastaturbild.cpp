@@ -39,7 +39,8 @@ Tastaturbild::Tastaturbild(Form& form, const Umgebung& umgebung, int daumenLinks
           [](int i) { return PictureLook{.picture = L"finger_" + zweistellig(i), .visible = false}; })
     , lblT(form, L"lblT", {10230, 645, 1185, 660},
            {.caption = L"ß", .font = {wingdings, 27.75, true}, .visible = false}, 32)
-    , lblAKtuell(form, L"lblAKtuell", {0, 0, 660, 810},
+    // On the left index finger until a key is lit: the first character of a text may have none.
+    , lblAKtuell(form, L"lblAKtuell", {3810, 4672, 660, 810},
                  {.font = {courier, 27.75, true}, .align = Align::center, .wrap = false}) {}
 
 void Tastaturbild::fingerAus() {

@@ -30,19 +30,15 @@ void Textübung0::Form_Load() {
 }
 
 void Textübung0::Startaufstellung() {
+    text_.Fehlersperre = 0;
     text_.Übernehmen();
     Timer1.setEnabled(false);
     for (Label* anzeige : {&lblZeit, &lblAnschläge, &lblAnschlägeDurchschnitt})
         anzeige->setCaption(L"0");
     Fehlerzahl = 0;
     Anzeige();
-    text_.FingerLeuchten();
     repaint();
     kontowerteZeigen();
-    if (text_.Fehlersperre == 1) {
-        text_.Fehlersperre = 0;
-        text_.FingerLeuchten();
-    }
 }
 
 void Textübung0::kontowerteZeigen() {

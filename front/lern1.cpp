@@ -63,6 +63,9 @@ LabelLook Lern1::überschrift(const wchar_t* text) {
 LabelLook Lern1::angabe(const wchar_t* text) { return {.caption = text}; }
 
 void Lern1::Zurück() {
+    // A server that was out of reach may have come back.
+    if (Dir1.itemCount() == 0)
+        KlassenLesen();
     fuß_.LblÜb.setBack(colors::white);
     fuß_.LblÜb.setCaption(L"");
     frmKlasse.show();
@@ -74,6 +77,12 @@ void Lern1::Zurück() {
     File1.unselect();
     frmNamen.hide();
     frmSprache.hide();
+}
+
+void Lern1::KlassenLesen() {
+    Dir1.setPath(umgebung_.global.Datenpfad + L"Gruppen\\");
+    ScrGruppe.setMax(std::max(0, Dir1.itemCount() - 1));
+    KlassenlisteFüllen();
 }
 
 void Lern1::KlassenlisteFüllen() {
@@ -91,9 +100,7 @@ void Lern1::KlassenlisteFüllen() {
 
 void Lern1::Form_Activate() {
     Globale& global = umgebung_.global;
-    Dir1.setPath(global.Datenpfad + L"Gruppen\\");
-    ScrGruppe.setMax(std::max(0, Dir1.itemCount() - 1));
-    KlassenlisteFüllen();
+    KlassenLesen();
     global.AktuelleUebungNr = 0;
     global.AktuelleUebung.clear();
     repaint();
@@ -277,7 +284,11 @@ void Lern1::Text1_KeyPress(KeyPress& taste) {
         ZugangsTest();
 }
 
-void Lern1::cmdPinOk_Click() { ZugangsTest(); }
+void Lern1::cmdPinOk_Click() {
+    // With a wrong code one can go on typing.
+    Text1.setFocus();
+    ZugangsTest();
+}
 
 void Lern1::ZugangsTest() {
     constexpr std::size_t stellen = 4;

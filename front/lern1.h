@@ -26,6 +26,7 @@ public:
 
 private:
     void Zurück();
+    void KlassenLesen();
     void KlassenlisteFüllen();
     void keineGruppeHervorheben();
     void ZugangsTest();

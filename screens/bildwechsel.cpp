@@ -4,11 +4,11 @@
 
 namespace klopfmeise {
 
-void Bildwechsel(const Umgebung& umgebung, Form& aktuell, std::wstring_view ziel) {
+bool Bildwechsel(const Umgebung& umgebung, Form& aktuell, std::wstring_view ziel) {
     FormRuntime& runtime = umgebung.runtime;
     // Asked before anything is unloaded: nobody shall be left in front of an empty backdrop.
     if (!runtime.available(ziel))
-        return;
+        return false;
     Form* frmTemp = runtime.load(formname::frmTemp);
     if (frmTemp) {
         frmTemp->setEnabled(true);
@@ -19,6 +19,7 @@ void Bildwechsel(const Umgebung& umgebung, Form& aktuell, std::wstring_view ziel
     runtime.show(ziel);
     if (frmTemp)
         frmTemp->setEnabled(false);
+    return true;
 }
 
 void Vordergrund(Form& form, bool an) { form.setTopMost(an); }

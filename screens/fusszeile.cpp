@@ -48,8 +48,7 @@ void Fußzeile::kindZeigen(const Globale& global) {
 void Übungsfuß::imgHilfe_Click() { umgebung_.runtime.show(formname::Hilfe); }
 
 void Übungsfuß::imgEnde_Click() {
-    Bildwechsel(umgebung_, form_, formname::Lern1);
-    if (gegangen_)
+    if (Bildwechsel(umgebung_, form_, formname::Lern1) && gegangen_)
         gegangen_();
 }
 

@@ -47,7 +47,10 @@ void ListControl::pressed(int row, MouseButton button) {
     }
     if (look().mouseDown)
         look().mouseDown(button);
-    if (hit && look().click)
+}
+
+void ListControl::clicked() {
+    if (look().click)
         look().click();
 }
 

@@ -47,8 +47,10 @@ public:
     const Font& font() const { return look().font; }
     Color back() const { return look().back; }
 
-    /// The user pressed a mouse button on a row, or where there is none (-1).
+    /// The user pressed a mouse button on a row, or where there is none (-1): the row is selected, and
+    /// `mouseDown` called. `clicked` follows as an event of its own, as the press may have unloaded the form.
     void pressed(int row, MouseButton button);
+    void clicked();
     /// The user moved the selection with the keyboard.
     void movedTo(int row);
 

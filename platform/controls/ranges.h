@@ -18,7 +18,7 @@ struct RangeLook {
 };
 
 /// A scroll bar or slider: a whole number between two bounds, from its making on. A value beyond them is
-/// brought to the nearer one.
+/// brought to the nearer one, at once: whoever sets both sets the bounds first.
 class RangeControl : public TypedControl<RangeLook> {
 public:
     static constexpr bool is(Kind kind) { return kind == Kind::scrollBar || kind == Kind::slider; }

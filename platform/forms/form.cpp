@@ -14,6 +14,8 @@ Form::Form(FormRuntime& runtime, std::wstring_view name, FormLook look)
 Form::~Form() = default;
 
 void Form::setCaption(std::wstring caption) {
+    if (caption == look_.caption)
+        return;
     look_.caption = std::move(caption);
     if (view_)
         view_->formChanged();
@@ -28,6 +30,8 @@ void Form::setWindowState(WindowState state) {
 }
 
 void Form::moveTo(int left, int top) {
+    if (left == left_ && top == top_)
+        return;
     left_ = left;
     top_ = top;
     if (view_)

@@ -123,9 +123,10 @@ void FormRuntime::activateChild(Form& frame, Form& child) {
         return;
     Form* before = std::exchange(frame.activeChild_, &child);
     std::rotate(position(child), position(child) + 1, forms_.end());
+    const auto life = frame.life();
     if (before && !before->unloaded_)
         dispatch(*before, [before] { before->Form_Deactivate(); });
-    if (frame.activeChild_ != &child || ended_)
+    if (life.expired() || frame.activeChild_ != &child || ended_)
         return;
     child.view_->activate();
     dispatch(child, [&child] { child.Form_Activate(); });
@@ -226,12 +227,12 @@ void FormRuntime::settle() {
 }
 
 void FormRuntime::windowActivated(Form& form) {
-    if (!form.unloaded_ && form.visible() && !ended_)
+    if (!form.unloaded_ && form.visible() && form.enabled() && !ended_)
         activate(form);
 }
 
 void FormRuntime::windowClosed(Form& form) {
-    if (!ended_)
+    if (!ended_ && form.enabled())
         unload(form);
 }
 

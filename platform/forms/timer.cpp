@@ -40,7 +40,8 @@ void Timer::restart() {
 
 void Timer::fire(double now) {
     due_ = now + interval_ / 1000.0;
-    tick_();
+    if (tick_)
+        tick_();
 }
 
 } // namespace klopfmeise

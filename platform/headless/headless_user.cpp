@@ -35,7 +35,8 @@ HeadlessUser::HeadlessUser(FormRuntime& runtime, ManualClock& clock)
 
 void HeadlessUser::pass(int milliseconds) {
     const double until = clock_.seconds() + milliseconds / 1000.0;
-    for (double next = runtime_.nextTick(); next >= 0 && next <= until; next = runtime_.nextTick()) {
+    for (double next = runtime_.nextTick();
+         next >= 0 && next <= until && !runtime_.ended() && !runtime_.busy(); next = runtime_.nextTick()) {
         clock_.advance(std::max(0.0, next - clock_.seconds()));
         runtime_.serveTimers();
         serveAll();
@@ -67,7 +68,7 @@ void HeadlessUser::press(const Key& key, bool release, bool repeat) {
         if (down)
             router_.keyPress(*form, stroke, widget);
         else
-            router_.keyRelease(*form, stroke, widget);
+            router_.keyRelease(*form, widget);
     };
     enter(markOf(InputMark::Kind::keyDown, key, repeat), [serve, key] { serve(key, true); });
     if (release)
@@ -101,7 +102,7 @@ void HeadlessUser::keyDown(std::vector<int> codes) {
 void HeadlessUser::keyUp() {
     enter({.kind = InputMark::Kind::keyUp}, [this] {
         if (Form* form = runtime_.active())
-            router_.keyRelease(*form, {.codes = {0}, .text = {}}, [](const std::wstring&) { return false; });
+            router_.keyRelease(*form, [](const std::wstring&) { return false; });
     });
 }
 
@@ -119,23 +120,26 @@ void HeadlessUser::paste(std::wstring_view text) {
 void HeadlessUser::click(Control& control, MouseButton button) {
     if (!control.reachable())
         return;
-    Form& form = formOf(control);
-    enter({}, [this, &form, &control, button, life = form.life()] {
-        if (life.expired())
+    enter({}, [this, &control, button, life = formOf(control).life()] {
+        if (!activated(control, life))
             return;
-        runtime_.windowActivated(form);
-        if (life.expired() || !control.reachable())
-            return;
-        if (auto* check = as<CheckControl>(&control)) {
-            router_.tell(form, [check] { check->pressed(); });
-        } else if (control.windowed()) {
-            if (button == MouseButton::left)
-                router_.press(control);
-        } else {
+        Form& form = formOf(control);
+        const bool left = button == MouseButton::left;
+        if (Container* inside = control.asContainer()) {
+            router_.mouseDown(*inside, -1, -1, button);
+        } else if (!control.windowed()) {
             const int x = control.left() + control.width() / 2;
             const int y = control.top() + control.height() / 2;
             router_.mouseDown(control.parent(), x, y, button);
             router_.mouseUp(control.parent(), x, y, button);
+        } else if (auto* check = as<CheckControl>(&control); check && left) {
+            router_.tell(form, [check] { check->pressed(); });
+        } else if (as<TextBox>(&control)) {
+            form.focusMoved(&control);
+        } else if (auto* key = as<Button>(&control); key && left) {
+            if (key->tabStop())
+                form.focusMoved(key);
+            router_.press(control);
         }
     });
 }
@@ -153,17 +157,30 @@ void HeadlessUser::click(std::wstring_view name, int index) {
 }
 
 void HeadlessUser::pressRow(ListControl& list, int row, MouseButton button) {
-    if (list.reachable())
-        enter({}, [this, &list, row, button] {
-            router_.tell(formOf(list), [&list, row, button] { list.pressed(row, button); });
-        });
+    if (!list.reachable())
+        return;
+    enter({}, [this, &list, row, button, life = formOf(list).life()] {
+        if (!activated(list, life))
+            return;
+        Form& form = formOf(list);
+        router_.tell(form, [&list, row, button] { list.pressed(row, button); });
+        if (row >= 0)
+            router_.tell(form, [&list] { list.clicked(); });
+    });
+}
+
+bool HeadlessUser::activated(const Control& control, const std::weak_ptr<const int>& life) {
+    if (!life.expired())
+        runtime_.windowActivated(formOf(control));
+    return !life.expired() && control.reachable();
 }
 
 void HeadlessUser::move(Control& range, int value) {
     auto* moved = as<RangeControl>(&range);
     if (moved && moved->reachable())
-        enter({}, [this, moved, value] {
-            router_.tell(formOf(*moved), [moved, value] { moved->movedTo(value); });
+        enter({}, [this, moved, value, life = formOf(range).life()] {
+            if (activated(*moved, life))
+                router_.tell(formOf(*moved), [moved, value] { moved->movedTo(value); });
         });
 }
 

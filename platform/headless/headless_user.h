@@ -60,6 +60,8 @@ private:
     void enter(const InputMark& mark, std::function<void()> serve);
     void serveAll();
     Control* control(std::wstring_view name, int index) const;
+    /// A press makes its form the active one; false if the control is out of reach by then.
+    bool activated(const Control& control, const std::weak_ptr<const int>& life);
 
     FormRuntime& runtime_;
     ManualClock& clock_;

@@ -13,6 +13,7 @@ namespace {
 
 /// The delete key bears a character on some machines, but types none.
 constexpr wchar_t deleteSign = 127;
+constexpr wchar_t tabSign = 9;
 constexpr wchar_t firstPrintable = 32;
 
 } // namespace
@@ -36,23 +37,30 @@ std::wstring InputRouter::filtered(Form& form, const KeyHandlers& handlers, std:
 void InputRouter::keyPress(Form& form, const Key& key, const Widget& widget) {
     if (!form.enabled())
         return;
+    // A key whose code nobody knows but which types is told too, so that its release has a press.
+    const bool told = !key.codes.empty() || !key.text.empty();
     const auto life = form.life();
     const Control* focus = form.focus();
     if (focus && focus->reachable() && focus->keys()) {
         // The handlers may unload the form and with it the control.
         const KeyHandlers handlers = focus->keys();
-        if (handlers.down && !key.codes.empty())
+        const bool inBox = focus->kind() == Kind::textBox;
+        widgetTook_ = false;
+        if (handlers.down && told)
             runtime_.dispatch(form, [&] { handlers.down({key.codes}); });
         std::wstring left;
         if (!life.expired())
-            left = filtered(form, handlers, key.text);
+            // Tab leaves a text box and is no character of it.
+            left =
+                inBox && key.text == std::wstring(1, tabSign) ? key.text : filtered(form, handlers, key.text);
         if (!life.expired() && (key.text.empty() || !left.empty()))
             widget(left);
         return;
     }
-    if (widget(key.text) || life.expired())
+    widgetTook_ = widget(key.text);
+    if (widgetTook_ || life.expired())
         return;
-    if (!key.codes.empty())
+    if (told)
         runtime_.dispatch(form, [&] { form.Form_KeyDown({key.codes}); });
     for (const wchar_t character : key.text) {
         KeyPress press{toWindows1252(character), character};
@@ -61,8 +69,8 @@ void InputRouter::keyPress(Form& form, const Key& key, const Widget& widget) {
     }
 }
 
-void InputRouter::keyRelease(Form& form, const Key& key, const Widget& widget) {
-    if (!form.enabled() || key.codes.empty())
+void InputRouter::keyRelease(Form& form, const Widget& widget) {
+    if (!form.enabled())
         return;
     const auto life = form.life();
     const Control* focus = form.focus();
@@ -74,7 +82,8 @@ void InputRouter::keyRelease(Form& form, const Key& key, const Widget& widget) {
             widget({});
         return;
     }
-    if (!widget({}) && !life.expired())
+    // Who took the press takes the release.
+    if (!widget({}) && !widgetTook_ && !life.expired())
         runtime_.dispatch(form, [&] { form.Form_KeyUp(); });
 }
 
@@ -88,7 +97,7 @@ std::wstring InputRouter::pasted(Control& box, std::wstring_view text) {
 
 void InputRouter::tell(Form& form, std::function<void()> handler) {
     line_.react([this, &form, life = form.life(), handler = std::move(handler)] {
-        if (!life.expired() && form.enabled())
+        if (handler && !life.expired() && form.enabled())
             runtime_.dispatch(form, handler);
     });
 }
@@ -96,6 +105,7 @@ void InputRouter::tell(Form& form, std::function<void()> handler) {
 void InputRouter::mouseDown(Container& container, int x, int y, MouseButton button) {
     Control* control = container.drawnControlAt(x, y);
     pressed_ = button == MouseButton::left ? control : nullptr;
+    pressedLife_ = static_cast<Form&>(container.host()).life();
     if (!control)
         control = container.asControl();
     if (control && control->enabled() && control->mouseDown())
@@ -107,7 +117,7 @@ void InputRouter::mouseUp(Container& container, int x, int y, MouseButton button
         return;
     const Control* pressed = std::exchange(pressed_, nullptr);
     Control* control = container.drawnControlAt(x, y);
-    if (control && control == pressed && control->enabled() && control->click())
+    if (control && control == pressed && !pressedLife_.expired() && control->enabled() && control->click())
         tell(formOf(*control), control->click());
 }
 

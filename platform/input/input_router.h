@@ -4,6 +4,7 @@
 #include "platform/input/key.h"
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -31,7 +32,7 @@ public:
         , line_(line) {}
 
     void keyPress(Form& form, const Key& key, const Widget& widget);
-    void keyRelease(Form& form, const Key& key, const Widget& widget);
+    void keyRelease(Form& form, const Widget& widget);
     /// What of a pasted text gets into a box: no control characters, and only what its key filter lets pass.
     /// To be called from a reaction of the form, as the filter may unload it.
     std::wstring pasted(Control& box, std::wstring_view text);
@@ -58,7 +59,11 @@ private:
 
     FormRuntime& runtime_;
     InputLine& line_;
+    /// Under the left button, on the form that `pressedLife_` is of.
     const Control* pressed_ = nullptr;
+    std::weak_ptr<const int> pressedLife_;
+    /// The last press was of use to a widget.
+    bool widgetTook_ = false;
 };
 
 } // namespace klopfmeise

@@ -2,6 +2,7 @@
 
 #include "platform/controls/visit.h"
 #include "platform/qt/container_widget.h"
+#include "platform/qt/desk.h"
 #include "platform/qt/qt_form_view.h"
 #include "platform/qt/qt_text.h"
 
@@ -41,9 +42,11 @@ void ControlView::sync(const Scale& scale) {
 void ControlView::tell(std::function<void()> model) {
     if (std::exchange(told_, true))
         return;
-    view_.router().tell(view_.form(), [this, model = std::move(model)] {
+    view_.desk().queue.line().react([this, life = view_.form().life(), model = std::move(model)] {
+        if (life.expired())
+            return;
         told_ = false;
-        model();
+        view_.router().tell(view_.form(), model);
     });
 }
 

@@ -6,17 +6,17 @@
 
 namespace klopfmeise {
 
-/// The sound of this machine, loaded with the first one played: it comes with more than twenty libraries,
+/// The sound of this machine, loaded with the first one played: it comes with N libraries,
 /// which a start need not wait for. Without the module "klopfmeise_sound" beside the program it is silent.
 class LateSound final : public Sound {
 public:
-    explicit LateSound(const Files& files)
+    explicit LateSound(Files& files)
         : files_(files) {}
 
     int play(const std::wstring& path) override;
 
 private:
-    const Files& files_;
+    Files& files_;
     bool tried_ = false;
     std::unique_ptr<Sound> sound_;
 };

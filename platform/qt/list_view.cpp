@@ -74,6 +74,14 @@ public:
     }
 
 protected:
+    void focusInEvent(QFocusEvent* event) override {
+        // The toolkit makes the first row the current one where none is; that is no choice of the user.
+        syncing_ = true;
+        QListView::focusInEvent(event);
+        if (list_.selected() < 0)
+            selectionModel()->clear();
+        syncing_ = false;
+    }
     void currentChanged(const QModelIndex& current, const QModelIndex& before) override {
         QListView::currentChanged(current, before);
         if (!syncing_ && current.isValid())
@@ -84,6 +92,8 @@ protected:
         const int row = indexAt(event->position().toPoint()).row();
         view_.router().tell(view_.form(),
                             [this, row, button = buttonOf(*event)] { list_.pressed(row, button); });
+        if (row >= 0)
+            view_.router().tell(view_.form(), [this] { list_.clicked(); });
     }
     void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
     void mouseMoveEvent(QMouseEvent*) override {}

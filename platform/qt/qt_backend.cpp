@@ -11,6 +11,7 @@
 #include "platform/qt/zoom_style.h"
 
 #include <QKeyEvent>
+#include <QMenuBar>
 #include <QToolTip>
 #include <QWindow>
 
@@ -223,6 +224,8 @@ void QtBackend::deliver(QWindow& window, QEvent& event) {
         return;
     FormRuntime& runtime = *desk_.runtime;
     const auto life = view->form().life();
+    if (!view->form().enabled())
+        return;
     if (event.type() == QEvent::Close) {
         if (view->form().kind() != FormKind::fullScreen)
             runtime.windowClosed(view->form());
@@ -233,11 +236,9 @@ void QtBackend::deliver(QWindow& window, QEvent& event) {
         if (life.expired())
             return;
     }
-    if (!view->form().enabled())
-        return;
     const bool key = event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease;
-    // An open menu has the keys.
-    if (key && QApplication::activePopupWidget()) {
+    // An open menu has the keys, and a menu bar that the keyboard went to.
+    if (key && (QApplication::activePopupWidget() || qobject_cast<QMenuBar*>(QApplication::focusWidget()))) {
         desk_.queue.send(window, event);
         return;
     }
@@ -289,7 +290,7 @@ void QtBackend::deliverKey(QtFormView& view, QWindow& window, QKeyEvent& event) 
     if (event.type() == QEvent::KeyPress)
         desk_.router->keyPress(view.form(), key, widget);
     else
-        desk_.router->keyRelease(view.form(), key, widget);
+        desk_.router->keyRelease(view.form(), widget);
 }
 
 } // namespace klopfmeise

@@ -115,6 +115,9 @@ void QtFormView::make(Control& control, QWidget* parent) {
 
 void QtFormView::controlRemoved(Control& control) {
     desk_.router->forget(control);
+    std::erase_if(containers_, [&](const auto& held) {
+        return held.second->objectName() == toQt(control.fullName()) && held.second != widget_;
+    });
     std::erase(stale_, &control);
     std::erase_if(controls_, [&](const auto& view) { return &view->control() == &control; });
     if (ContainerWidget* parent = containerWidget(control.parent())) {
@@ -280,7 +283,8 @@ void QtFormView::layout(const Scale& scale) {
     widget_->setScale(scale);
     for (const auto& view : controls_)
         view->sync(scaleOf(view->control().parent()));
-    stale_.clear();
+    // Those that still wait for their widget come too.
+    syncStale();
     widget_->update();
 }
 
@@ -331,7 +335,10 @@ void QtFormView::layoutWindow() {
         corner.setY(
             std::clamp(corner.y(), screen.top(), std::max(screen.top(), screen.bottom() - size.height())));
     }
-    widget_->move(corner);
+    // Where the user has moved it, it stays.
+    if (!widget_->isVisible() || placed_ != placed.topLeft())
+        widget_->move(corner);
+    placed_ = placed.topLeft();
     layout(scale);
 }
 

@@ -136,22 +136,24 @@ protected:
             return;
         }
         const QString left = admitted(text, room());
-        const bool asItIs = left == text || (text[0] == u'\r' && !left.isEmpty());
-        if (asItIs) {
+        // On an empty aligned line the toolkit's Enter would take back the alignment instead.
+        if (left == text)
             QTextEdit::keyPressEvent(event);
-        } else {
-            textCursor().insertText(left);
-            ensureCursorVisible();
-        }
+        else
+            insert(left);
     }
     void insertFromMimeData(const QMimeData* source) override {
-        if (isReadOnly())
-            return;
-        textCursor().insertText(admitted(source->text(), room()));
-        ensureCursorVisible();
+        if (!isReadOnly())
+            insert(admitted(source->text(), room()));
     }
 
 private:
+    void insert(const QString& text) {
+        if (text.isEmpty())
+            return;
+        textCursor().insertText(text);
+        ensureCursorVisible();
+    }
     /// Characters that still fit, counted as the model does.
     std::size_t room() const {
         const QTextCursor cursor = textCursor();
@@ -172,8 +174,6 @@ public:
         const auto told = [this] { tell([this] { tellModel(); }); };
         QObject::connect(widget, &QTextEdit::textChanged, widget, [this, told] {
             edited_ = true;
-            if (edit_.document()->isEmpty())
-                forgetFormat();
             told();
         });
         QObject::connect(widget, &QTextEdit::selectionChanged, widget, told);
@@ -219,17 +219,17 @@ private:
 
     void build(const Scale& scale) {
         edited_ = false;
-        scale_ = scale;
         edit_.clear();
         edit_.setFont(widgetFont(box_.font(), scale));
         QTextCursor cursor(edit_.document());
         cursor.beginEditBlock();
-        QTextCharFormat last = ownFormat();
+        QTextCharFormat last = shownFormat(box_.ownFormat(), box_.font(), scale);
         bool first = true;
         for (const RtfParagraph& paragraph : box_.document().paragraphs) {
             QTextBlockFormat block;
             block.setAlignment(alignment(paragraph.alignment));
-            // What is typed into an empty line goes on as the line before it ended.
+            // What is typed into an empty line goes on as the line before it ended. The format of the first
+            // line is left over when all is deleted, so that is the box's own.
             if (first) {
                 cursor.setBlockFormat(block);
                 cursor.setBlockCharFormat(last);
@@ -244,17 +244,8 @@ private:
         }
         cursor.endEditBlock();
         shown_ = box_.document();
+        scale_ = scale;
         built_ = true;
-    }
-
-    QTextCharFormat ownFormat() const { return shownFormat(box_.ownFormat(), box_.font(), scale_); }
-
-    /// The emptied editor would go on in the format of what was deleted.
-    void forgetFormat() {
-        const QSignalBlocker quiet(edit_);
-        QTextCursor cursor(edit_.document());
-        cursor.setBlockCharFormat(ownFormat());
-        edit_.setCurrentCharFormat(ownFormat());
     }
 
     RtfDocument documentOf() const {

@@ -205,6 +205,7 @@ TEST_F(Einzeiler, LongTextsAreCutAndShortOnesLeaveTheirEnterCellOpen) {
     EXPECT_EQ(b.caption(L"lblErfolg"), L"0 / 5");
     b.user.type(L"\r");
     EXPECT_EQ(b.caption(L"lblErfolg"), L"1 / 5");
+    EXPECT_EQ(b.control<Label>(L"lblPosU", 56).back(), colors::white);
 
     Bühne kurz;
     kurz.öffnen(L"Tastatur1");
@@ -241,34 +242,10 @@ TEST_F(Einzeiler, KeyAndFingerOfTheNextCharacterLight) {
     b.user.type(L"\"");
     EXPECT_EQ(b.clock.seconds(), vorher);
     EXPECT_EQ(finger(), std::vector{10});
+    EXPECT_EQ(zeichen.left(), 9945);
     b.user.type(L"_");
     EXPECT_EQ(finger(), (std::vector{5, 6}));
     EXPECT_EQ(zeichen.left(), 6720 + 180 - 330);
-}
-
-TEST_F(Einzeiler, APressedKeyShowsItsFrameForATenthOfASecond) {
-    öffnen();
-    const auto tippen = [&](wchar_t zeichen) { return pausen([&] { b.user.type(zeichen); }); };
-    EXPECT_EQ(tippen(L'f'), (Pausen{{100, {33}}}));
-    EXPECT_EQ(tippen(L'\b'), (Pausen{{100, {14}}}));
-    EXPECT_EQ(tippen(L'\r'), (Pausen{{100, {28}}}));
-    EXPECT_EQ(tippen(L'€'), (Pausen{{100, {18}}}));
-    EXPECT_EQ(tippen(L'"'), Pausen{});
-    const auto halten = [&](const std::vector<int>& codes) {
-        // Auto-repeat brings no second flash.
-        const auto gesehen = pausen([&] {
-            b.user.keyDown(codes);
-            b.user.keyDown(codes);
-        });
-        b.user.keyUp();
-        return gesehen;
-    };
-    EXPECT_EQ(halten({16}), (Pausen{{100, {42, 54}}}));
-    EXPECT_EQ(halten({17}), (Pausen{{100, {55, 59}}}));
-    EXPECT_EQ(halten({17, 18}), (Pausen{{100, {55, 56, 59}}}));
-    EXPECT_EQ(halten({9}), (Pausen{{100, {15}}}));
-    EXPECT_EQ(halten({20}), (Pausen{{100, {29}}}));
-    EXPECT_EQ(halten({65}), Pausen{});
 }
 
 TEST_F(Einzeiler, TheWorkbookCoversTheLineInVorlagemodus) {
@@ -295,7 +272,10 @@ TEST_F(Einzeiler, LeavingKeepsAccuracyAndNothingElse) {
 
 TEST_F(Einzeiler, TheMarkOfTheCurrentColumnBlinks) {
     öffnen();
+    b.user.pass(200);
+    EXPECT_EQ(b.control<Label>(L"lblPosU", 1).back(), colors::black);
     b.user.type(L"f");
+    EXPECT_EQ(b.control<Label>(L"lblPosU", 1).back(), colors::white);
     EXPECT_EQ(b.control<Label>(L"lblPosU", 2).back(), colors::black);
     b.user.pass(200);
     EXPECT_EQ(b.control<Label>(L"lblPosU", 2).back(), colors::panel);

@@ -1,45 +1,44 @@
-#include "platform/controls/drawn.h"
-#include "tests/buehne.h"
-
-#include <gtest/gtest.h>
+#include "tests/course/laufbuehne.h"
 
 namespace klopfmeise {
 namespace {
 
-class Tastenblitze : public ::testing::Test {
+class Tastenblitze : public Tippbühne {
 protected:
-    Bühne b;
-    /// The keys with a border, at each wait.
-    std::vector<std::vector<int>> blitze;
-
-    void öffnen() {
+    Tastenblitze() {
         b.lektion(1, "Einzeiler", {"5\x80 f"});
         b.öffnen(L"Tastatur1");
-        b.backend.duringWait = [this](int) {
-            std::vector<int> umrandet;
-            for (int i = 1; i <= 59; ++i)
-                if (b.control<Picture>(L"picTaste", i).border())
-                    umrandet.push_back(i);
-            blitze.push_back(umrandet);
-        };
     }
 };
 
-TEST_F(Tastenblitze, ASignBeyondTheFirstHalfOfTheCodePageFlashesAndClicksLikeAnyOther) {
-    öffnen();
-    b.user.type(L"5€");
-    EXPECT_EQ(blitze, (std::vector<std::vector<int>>{{6}, {18}}));
-    EXPECT_EQ(b.sound.played, std::vector<std::wstring>(2, L"knopf.wav"));
+TEST_F(Tastenblitze, APressedKeyShowsItsFrameForATenthOfASecondAndClicks) {
+    const auto tippen = [&](wchar_t zeichen) { return pausen([&] { b.user.type(zeichen); }); };
+    EXPECT_EQ(tippen(L'5'), (Pausen{{100, {6}}}));
+    // Beyond the first half of the code page.
+    EXPECT_EQ(tippen(L'€'), (Pausen{{100, {18}}}));
+    EXPECT_EQ(b.sound.played, Klänge(2, L"knopf.wav"));
     EXPECT_EQ(b.caption(L"lblPosO", 2), L"€");
+    EXPECT_EQ(tippen(L'\b'), (Pausen{{100, {14}}}));
+    EXPECT_EQ(tippen(L'\r'), (Pausen{{100, {28}}}));
+    EXPECT_EQ(tippen(L'"'), Pausen{});
 }
 
-TEST_F(Tastenblitze, BothCodesOfAltGrPassTheGateTogether) {
-    öffnen();
-    b.user.keyDown({17, 18});
-    b.user.keyDown({17, 18});
-    b.user.keyUp();
-    b.user.keyDown(16);
-    EXPECT_EQ(blitze, (std::vector<std::vector<int>>{{55, 56, 59}, {42, 54}}));
+TEST_F(Tastenblitze, AHeldKeyWithoutACharacterFlashesOnceAndSilently) {
+    const auto halten = [&](const std::vector<int>& codes) {
+        const auto gesehen = pausen([&] {
+            b.user.keyDown(codes);
+            b.user.keyDown(codes);
+        });
+        b.user.keyUp();
+        return gesehen;
+    };
+    EXPECT_EQ(halten({16}), (Pausen{{100, {42, 54}}}));
+    EXPECT_EQ(halten({17}), (Pausen{{100, {55, 59}}}));
+    // Both codes of Alt Gr pass the gate together.
+    EXPECT_EQ(halten({17, 18}), (Pausen{{100, {55, 56, 59}}}));
+    EXPECT_EQ(halten({9}), (Pausen{{100, {15}}}));
+    EXPECT_EQ(halten({20}), (Pausen{{100, {29}}}));
+    EXPECT_EQ(halten({65}), Pausen{});
     EXPECT_TRUE(b.sound.played.empty());
 }
 

@@ -17,14 +17,19 @@ TEST_F(Textlauf, LinesBreakBehindTheLastBlankAndHold63Cells) {
     // The closing cell.
     EXPECT_EQ(zelle(68).caption(), L" ");
 
-    Bühne lang;
-    lang.lektion(1, "Fließtext", {"ab " + std::string(130, 'x')});
-    lang.öffnen(L"Tastatur2");
-    const auto platz = [&](int i) { return lang.control<Label>(L"lbl", i).place(); };
-    EXPECT_EQ(platz(4).top, 445);
-    EXPECT_EQ(platz(4 + 63).top, 785);
-    EXPECT_EQ(platz(4 + 63).left, 165);
-    EXPECT_EQ(platz(4 + 62).right(), 10560);
+    const auto platz = [](const std::string& text, int i) {
+        Bühne anders;
+        anders.lektion(1, "Fließtext", {text});
+        anders.öffnen(L"Tastatur2");
+        return anders.control<Label>(L"lbl", i).place();
+    };
+    // A word wider than a line breaks at the margin.
+    const std::string breit = "ab " + std::string(130, 'x');
+    EXPECT_EQ(platz(breit, 4), (Rect{165, 445, 165, 330}));
+    EXPECT_EQ(platz(breit, 4 + 62).right(), 10560);
+    EXPECT_EQ(platz(breit, 4 + 63), (Rect{165, 785, 165, 330}));
+    // The only blank is the first cell.
+    EXPECT_EQ(platz(" " + std::string(63, 'x'), 2), (Rect{165, 445, 165, 330}));
 }
 
 TEST_F(Textlauf, TheCellOfALineEndNeedsItsPlaceInTheLineToo) {

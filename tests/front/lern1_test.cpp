@@ -3,6 +3,7 @@
 #include "platform/controls/panels.h"
 #include "platform/controls/ranges.h"
 #include "platform/controls/text_box.h"
+#include "platform/values/text.h"
 #include "tests/buehne.h"
 
 #include <gtest/gtest.h>
@@ -37,41 +38,66 @@ protected:
     }
 };
 
-TEST_F(Titelseite, WalksThroughAllItsStates) {
+TEST_F(Titelseite, WalksThroughAllItsStatesAndEveryRoadLeadsBackToTheClassList) {
     b.start();
+    const auto klick = [&](const wchar_t* name, int index = Control::noIndex) {
+        b.sound.played.clear();
+        b.user.click(name, index);
+        EXPECT_EQ(b.sound.played, std::vector<std::wstring>{L"knopf.wav"});
+    };
+    enum Zustand { klassen, namen, menü, pin, leer };
+    // From the class list.
+    const auto zu = [&](Zustand ziel) {
+        if (ziel == namen || ziel == menü) {
+            klick(L"LblGruppe", 0);
+            stand(L"frmNamen", true, true, 1);
+            EXPECT_EQ(b.caption(L"LblKlasse") + b.caption(L"LblName"), L"Hasen\\");
+        }
+        if (ziel == menü) {
+            b.user.pressRow(b.control<FileList>(L"File1"), -1);
+            stand(L"frmNamen", true, true, 1);
+            b.user.pressRow(b.control<FileList>(L"File1"), 0, MouseButton::right);
+            stand(L"frmSprache", true, true, 1);
+            EXPECT_EQ(b.caption(L"LblKlasse") + b.caption(L"LblName"), L"Hasen\\Mia");
+        }
+        if (ziel == pin || ziel == leer)
+            klick(L"cmdLehrkraft");
+        if (ziel == leer) {
+            klick(L"cmdLehrkraft");
+            stand(L"-", false, true, 0);
+        }
+    };
+    struct Weg {
+        const wchar_t* knopf;
+        const wchar_t* rahmen;
+        const wchar_t* zurück;
+        std::vector<Zustand> von;
+    };
+    const std::vector<Weg> wege{{L"cmdLehrkraft", L"frmPin", L"command1", {klassen, namen, menü, leer}},
+                                {L"cmdInfo", L"frmInfo", L"cmdInfoOk", {klassen, namen, menü, pin, leer}},
+                                {L"imgEnde", L"frmEnde", L"cmdNein", {klassen, namen, menü, pin, leer}},
+                                {L"cmdAllesZurück", L"frmKlasse", nullptr, {namen, menü}}};
     stand(L"frmKlasse", false, true, 0);
-    b.user.click(L"LblGruppe", 0);
-    stand(L"frmNamen", true, true, 1);
-    EXPECT_EQ(b.caption(L"LblKlasse"), L"Hasen\\");
-    b.user.pressRow(b.control<FileList>(L"File1"), -1);
-    stand(L"frmNamen", true, true, 1);
-    b.user.pressRow(b.control<FileList>(L"File1"), 0, MouseButton::right);
-    stand(L"frmSprache", true, true, 1);
-    EXPECT_EQ(b.caption(L"LblName"), L"Mia");
-    b.user.click(L"cmdAllesZurück");
-    stand(L"frmKlasse", false, true, 0);
-    EXPECT_EQ(b.caption(L"LblKlasse") + b.caption(L"LblName"), L"");
-    b.user.click(L"cmdLehrkraft");
-    stand(L"frmPin", false, true, 0);
-    b.user.click(L"cmdLehrkraft");
-    stand(L"-", false, true, 0);
-    b.user.click(L"cmdLehrkraft");
-    stand(L"frmPin", false, true, 0);
-    b.user.click(L"command1");
-    stand(L"frmKlasse", false, true, 0);
-    b.user.click(L"cmdInfo");
-    stand(L"frmInfo", false, false, 0);
-    b.user.click(L"cmdInfoOk");
-    stand(L"frmKlasse", false, true, 0);
-    b.user.click(L"imgEnde");
-    stand(L"frmEnde", false, false, 0);
-    b.user.click(L"cmdNein");
-    stand(L"frmKlasse", false, true, 0);
-    b.user.click(L"imgEnde");
-    b.user.click(L"cmdJa");
+    for (const Weg& weg : wege)
+        for (const Zustand von : weg.von) {
+            SCOPED_TRACE(std::to_string(von) + " " + toUtf8(weg.knopf));
+            zu(von);
+            klick(weg.knopf);
+            const bool fuß = !weg.zurück || std::wstring_view(weg.rahmen) == L"frmPin";
+            stand(weg.rahmen, false, fuß, 0);
+            EXPECT_EQ(b.caption(L"LblKlasse") + b.caption(L"LblName"), L"");
+            if (weg.zurück)
+                klick(weg.zurück);
+            stand(L"frmKlasse", false, true, 0);
+        }
+    klick(L"cmdInfo");
+    klick(L"Label4", 0);
+    EXPECT_EQ(b.shell.opened, std::vector{L"https://" + b.caption(L"Label4", 0) + L"/"});
+    klick(L"cmdInfoOk");
+    klick(L"imgEnde");
+    klick(L"cmdJa");
     EXPECT_TRUE(b.backend.quitAsked);
     EXPECT_FALSE(b.runtime.active() && b.runtime.active()->name() == L"Lern1");
-    EXPECT_EQ(b.sound.played, std::vector<std::wstring>(13, L"knopf.wav"));
 }
 
 TEST_F(Titelseite, TenClassesScrollUntilTheLastStandsAlone) {

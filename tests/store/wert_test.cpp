@@ -42,6 +42,7 @@ TEST(Wert, ComparesByWhatItSays) {
     EXPECT_FALSE(gleich(Wert{L"zwölf"s}, 12) || gleich(Wert{L""s}, 0));
     EXPECT_EQ(textAus(Wert{0.1F}, L','), L"0,1");
     EXPECT_EQ(textAus(Wert{98.5}, L','), L"98,5");
+    EXPECT_EQ(ganzzahl(-32768), Wert{std::int16_t{-32768}});
     EXPECT_EQ(ganzzahl(40000), Wert{std::int32_t{40000}});
 }
 

@@ -15,6 +15,10 @@ TEST(Lektionsbilder, AChildLeafsBackToWhatItHasReached) {
     EXPECT_EQ(b.runtime.active()->caption(), L"Lektion 3");
     EXPECT_EQ(b.control<Label>(L"lblArchiv", 3).back(), colors::coral);
     EXPECT_EQ(b.control<Label>(L"lblArchiv", 4).fore(), colors::white);
+    for (const int i : {3, 4}) {
+        EXPECT_EQ(b.control<Label>(L"lblArchiv", i).pointer(), i < 4 ? Pointer::hand : Pointer::normal);
+        EXPECT_EQ(b.control<Label>(L"lblArchiv", i).font().bold, i < 4);
+    }
     b.sound.played.clear();
     b.user.click(L"lblArchiv", 4);
     b.user.click(L"lblArchiv", 0);

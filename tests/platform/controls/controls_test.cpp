@@ -145,6 +145,7 @@ TEST_F(ControlsTest, ASelectionInAListCountsAsAClick) {
         << "a row that does not exist takes the selection away, silently";
     EXPECT_EQ(sheet.files.selected(), -1);
     sheet.files.pressed(0, MouseButton::right);
+    sheet.files.clicked();
     sheet.files.pressed(-1, MouseButton::left);
     sheet.files.movedTo(0);
     sheet.files.movedTo(1);

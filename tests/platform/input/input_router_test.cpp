@@ -89,11 +89,11 @@ TEST_F(InputRouterTest, AControlWithKeyHandlersHearsTheKeysInsteadOfTheForm) {
 
 TEST_F(InputRouterTest, AWidgetWithoutHandlersTakesTheKeysItHasAUseFor) {
     page().plain.setFocus();
-    EXPECT_EQ(typed(L"xΩ"), "P.up P.up");
+    EXPECT_EQ(typed(L"xΩ"), "") << "who took the press takes the release";
     EXPECT_EQ(page().plain.text(), L"xΩ");
     EXPECT_EQ(typed(L"\r"), "P.down13 P.press13 P.up");
     page().button.setFocus();
-    EXPECT_EQ(typed(L"\rx"), "button P.up P.down88 P.press120 P.up");
+    EXPECT_EQ(typed(L"\rx"), "button P.down88 P.press120 P.up");
     page().button.hide();
     EXPECT_EQ(typed(L"Ω"), "P.down937 P.up") << "hidden; and forms know the code page only";
 }

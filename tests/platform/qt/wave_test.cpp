@@ -1,0 +1,124 @@
+#include "platform/qt/sound/wave.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <string>
+
+namespace klopfmeise {
+namespace {
+
+std::string bytes(std::uint32_t value, int count) {
+    std::string out;
+    for (int i = 0; i < count; ++i)
+        out += static_cast<char>(value >> (8 * i) & 0xFF);
+    return out;
+}
+
+std::string chunk(const std::string& name, const std::string& content) {
+    return name + bytes(static_cast<std::uint32_t>(content.size()), 4) + content +
+           std::string(content.size() % 2, '\0');
+}
+
+struct Format {
+    std::uint32_t rate = 44100;
+    std::uint32_t channels = 1;
+    std::uint32_t bits = 16;
+    std::uint32_t kind = 1;
+};
+
+std::string formatChunk(const Format& f) {
+    const std::uint32_t frame = f.channels * f.bits / 8;
+    return chunk("fmt ", bytes(f.kind, 2) + bytes(f.channels, 2) + bytes(f.rate, 4) +
+                             bytes(f.rate * frame, 4) + bytes(frame, 2) + bytes(f.bits, 2));
+}
+
+std::string riff(const std::string& chunks) { return chunk("RIFF", "WAVE" + chunks); }
+
+std::string file(const Format& format, const std::string& data) {
+    return riff(formatChunk(format) + chunk("data", data));
+}
+
+TEST(Wave, SamplesOfOurOwnSoundsAreTakenAsTheyAre) {
+    std::ifstream stream(KLOPFMEISE_WAV "/typewriterding.wav", std::ios::binary);
+    const std::string whole{std::istreambuf_iterator<char>(stream), {}};
+    const Wave wave = readWave(whole);
+    ASSERT_EQ(wave.size(), 48510U);
+    std::string back;
+    for (const std::int16_t sample : wave)
+        back += bytes(static_cast<std::uint16_t>(sample), 2);
+    EXPECT_EQ(back, whole.substr(44));
+}
+
+TEST(Wave, OtherFormatsBecomeOurs) {
+    const Wave expected{0, 16384, -32768};
+    EXPECT_EQ(readWave(file({.bits = 8}, "\x80\xC0" + std::string(1, '\0'))), expected);
+    EXPECT_EQ(readWave(file({.bits = 24}, bytes(0, 3) + bytes(0x400000, 3) + bytes(0x800000, 3))), expected);
+    EXPECT_EQ(readWave(file({.bits = 32}, bytes(0, 4) + bytes(0x40000000, 4) + bytes(0x80000000, 4))),
+              expected);
+    // The mean of the channels.
+    EXPECT_EQ(readWave(file({.channels = 2}, bytes(100, 2) + bytes(300, 2))), Wave{200});
+    // Half the rate: what lies between is put in.
+    EXPECT_EQ(readWave(file({.rate = 22050}, bytes(100, 2) + bytes(200, 2))), (Wave{100, 150, 200, 200}));
+    EXPECT_EQ(readWave(file({.rate = 88200}, bytes(1, 2) + bytes(2, 2) + bytes(3, 2) + bytes(4, 2))),
+              (Wave{1, 3}));
+}
+
+TEST(Wave, ChunksBesideFormatAndDataArePassedOver) {
+    EXPECT_EQ(readWave(riff(chunk("LIST", "odd") + formatChunk({}) + chunk("fact", "1234") +
+                            chunk("data", bytes(7, 2)) + chunk("LIST", "more"))),
+              Wave{7});
+    std::string extensible = bytes(0xFFFE, 2) + bytes(1, 2) + bytes(44100, 4) + bytes(88200, 4) +
+                             bytes(2, 2) + bytes(16, 2) + bytes(22, 2) + bytes(16, 2) + bytes(4, 4) +
+                             bytes(1, 2) + std::string(14, '\0');
+    EXPECT_EQ(readWave(riff(chunk("fmt ", extensible) + chunk("data", bytes(7, 2)))), Wave{7});
+}
+
+TEST(Wave, WhatIsNoWaveIsEmpty) {
+    const std::string data = bytes(7, 2);
+    EXPECT_EQ(readWave(""), Wave{});
+    EXPECT_EQ(readWave("RIFF"), Wave{});
+    EXPECT_EQ(readWave(riff("")), Wave{});
+    EXPECT_EQ(readWave(riff(formatChunk({}))), Wave{});
+    EXPECT_EQ(readWave(riff(chunk("data", data) + formatChunk({}))), Wave{});
+    EXPECT_EQ(readWave(riff(chunk("fmt ", "short") + chunk("data", data))), Wave{});
+    EXPECT_EQ(readWave("RIFX" + file({}, data).substr(4)), Wave{});
+    for (const Format& format : {Format{.rate = 0}, Format{.rate = 0xFFFFFFFF}, Format{.channels = 0},
+                                 Format{.channels = 65535}, Format{.bits = 0}, Format{.bits = 4},
+                                 Format{.bits = 64}, Format{.bits = 32, .kind = 3}, Format{.kind = 85}})
+        EXPECT_EQ(readWave(file(format, std::string(64, '\1'))), Wave{});
+}
+
+TEST(Wave, TenSecondsAreTheMost) {
+    const auto lasting = [](std::size_t samples) {
+        return readWave(file({.rate = 8000, .bits = 8}, std::string(samples, '\x80'))).size();
+    };
+    EXPECT_EQ(lasting(80000), 441000U);
+    EXPECT_EQ(lasting(80001), 0U);
+}
+
+TEST(Wave, AFileThatEndsEarlySoundsAsFarAsItGoes) {
+    std::string whole = file({.channels = 2}, std::string(400, '\1'));
+    EXPECT_EQ(readWave(std::string_view(whole).substr(0, 44 + 10)).size(), 2U);
+    EXPECT_EQ(readWave(std::string_view(whole).substr(0, 44)), Wave{});
+    // A length told for good measure, as by programs that write to a pipe.
+    whole.replace(40, 4, bytes(0xFFFFFFFF, 4));
+    EXPECT_EQ(readWave(whole).size(), 100U);
+}
+
+TEST(Wave, NoBytesDoHarm) {
+    std::mt19937 random(20261123);
+    const std::string whole = file({}, std::string(200, '\1'));
+    for (int i = 0; i < 20000; ++i) {
+        std::string broken = whole;
+        for (int change = 0; change < 3; ++change)
+            broken[random() % 60] = static_cast<char>(random());
+        broken.resize(random() % (broken.size() + 1));
+        EXPECT_LE(readWave(broken).size(), std::size_t{longestWaveSeconds} * waveRate);
+    }
+}
+
+} // namespace
+} // namespace klopfmeise
