@@ -6,8 +6,8 @@
 
 namespace klopfmeise {
 
-/// The sound of this machine, loaded with the first one played: it comes with N libraries,
-/// which a start need not wait for. Without the module "klopfmeise_sound" beside the program it is silent.
+/// The sound of this machine, loaded with the first one played: it comes with libraries of its own, which a
+/// start need not wait for. Without the module "klopfmeise_sound" beside the program it is silent.
 class LateSound final : public Sound {
 public:
     explicit LateSound(Files& files)

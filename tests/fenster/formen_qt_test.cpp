@@ -2,6 +2,7 @@
 #include "platform/controls/button.h"
 #include "platform/controls/drawn.h"
 #include "platform/controls/panels.h"
+#include "platform/controls/text_box.h"
 #include "platform/forms/form_runtime.h"
 #include "platform/qt/qt_form_view.h"
 #include "platform/qt/qt_text.h"
@@ -267,6 +268,33 @@ TEST_F(FormenQt, theTypingPageTellsWhatToTypeNext) {
     EXPECT_EQ(page->text(QAccessible::Name), QStringLiteral("Leertaste"));
     type(Qt::Key_Space, " ");
     EXPECT_EQ(page->text(QAccessible::Name), QStringLiteral("ü"));
+}
+
+TEST_F(FormenQt, theCodeFieldTakesNoFifthDigitFromTheKeyboard) {
+    Form* form = zeigen(L"Lern1");
+    ASSERT_TRUE(form);
+    form->find(L"frmPin")->show();
+    auto& field = *form->find<TextBox>(L"Text1");
+    // More than four come from the buttons beside it.
+    field.setText(L"72945");
+    field.setFocus();
+    field.setCaret(5);
+    settle();
+    const auto strike = [&](int key, const char* text) {
+        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event(type, key, Qt::NoModifier, QString::fromUtf8(text));
+            QCoreApplication::sendEvent(view(*form).widget().window()->windowHandle(), &event);
+        }
+        settle();
+    };
+    strike(Qt::Key_1, "1");
+    EXPECT_EQ(field.text(), L"72945");
+    strike(Qt::Key_Backspace, "\b");
+    strike(Qt::Key_1, "1");
+    EXPECT_EQ(field.text(), L"7294");
+    strike(Qt::Key_Backspace, "\b");
+    strike(Qt::Key_1, "1");
+    EXPECT_EQ(field.text(), L"7291");
 }
 
 TEST(Fonts, TheToolkitSeesTheProgramsOwnAlone) {
