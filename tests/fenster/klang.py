@@ -134,7 +134,7 @@ def probe(schirm, *worte):
 
 def gewarteter_klang():
     """Whoever waits as long as a sound promises has heard it to its end: with a stream that is yet to be opened, with
-    an open one, and with one closed meanwhile."""
+    an open one, and with one stopped meanwhile."""
     with mit_ton() as (schirm, server):
         klick, glocke = BUILD / "wav" / KNOPF, BUILD / "wav" / GLOCKE
         gesagt = probe(schirm, klick, 300, klick, glocke, klick, int(1000 * RUHE) + 1500, klick, 200, glocke)
@@ -226,6 +226,8 @@ def server_antwortet_nicht():
             time.sleep(0.25)
         server.lauf.send_signal(signal.SIGCONT)
         warte(lambda: server.pactl("info"), "der Tonserver antwortet wieder")
+        # What it still held when it was stopped.
+        time.sleep(0.5)
         gehört_ab_jetzt(schirm, server, k, 18, 28)
         # The end of the program does not wait for it either.
         server.lauf.send_signal(signal.SIGSTOP)
