@@ -8,6 +8,9 @@
 #include "front/konto.h"
 #include "front/lern1.h"
 #include "front/start.h"
+#include "games/fliessband.h"
+#include "games/tastatur3.h"
+#include "games/tetris.h"
 #include "screens/formnamen.h"
 #include "teacher/frm_abbildung.h"
 #include "teacher/frm_pfad.h"
@@ -31,6 +34,9 @@ void formenEintragen(const Umgebung& umgebung) {
     eintragen<Tastatur1>(umgebung, formname::Tastatur1);
     eintragen<Tastatur2>(umgebung, formname::Tastatur2);
     eintragen<Textübung0>(umgebung, formname::Textübung0);
+    eintragen<Tastatur3>(umgebung, formname::Tastatur3);
+    eintragen<Tetris>(umgebung, formname::Tetris);
+    eintragen<Fließband>(umgebung, formname::Fließband);
     eintragen<Hilfe>(umgebung, formname::Hilfe);
     eintragen<HilfeFehlerbericht>(umgebung, formname::HilfeFehlerbericht);
     eintragen<Konto>(umgebung, formname::Konto);

@@ -15,9 +15,10 @@ struct Umgebung {
     Clock& uhr() const { return runtime.services().clock; }
     wchar_t dezimalzeichen() const { return runtime.services().shell.decimalSign(); }
 
-    /// Plays one of the program's sounds by file name and returns at once.
-    void klang(std::wstring_view name) const {
-        dienste().sound.play(global.Programmpfad + L"wav\\" + std::wstring(name));
+    /// Plays one of the program's sounds by file name and returns at once: how long it is heard, in
+    /// milliseconds.
+    int klang(std::wstring_view name) const {
+        return dienste().sound.play(global.Programmpfad + L"wav\\" + std::wstring(name));
     }
 };
 

@@ -53,13 +53,12 @@ Spielausgang rekordFortschreiben(Files& dateien, const Globale& global, Kontosat
     Kontodatei datei(dateien, kontopfad(global));
     const Wert alt = rekordAus(datei, spiel);
     if (!datei.gut())
-        return {rekord.value_or(alt), false};
-    Spielausgang ausgang{rekord.value_or(alt), false};
-    if (std::isfinite(punkte) && punkte > zahl(ausgang.Rekord))
+        return {rekord, false};
+    Wert Rekord = rekord.value_or(alt);
+    if (std::isfinite(punkte) && punkte > zahl(Rekord))
         if (const Wert neu = punktwert(spiel, punkte); datei.schreiben(spiel, neu) && datei.schließen())
-            ausgang.Rekord = neu;
-    ausgang.neuerRekord = zahl(ausgang.Rekord) > zahl(alt);
-    return ausgang;
+            Rekord = neu;
+    return {Rekord, zahl(Rekord) > zahl(alt)};
 }
 
 } // namespace klopfmeise

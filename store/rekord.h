@@ -13,8 +13,8 @@ std::optional<Wert> rekordLesen(Files& dateien, const Globale& global, Kontosatz
 
 /// How a game ended.
 struct Spielausgang {
-    /// The high score as it stands now.
-    Wert Rekord;
+    /// The high score as it stands now; none if it could not be read.
+    std::optional<Wert> Rekord;
     /// It is above the one that the account held before.
     bool neuerRekord = false;
 };

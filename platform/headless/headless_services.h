@@ -21,7 +21,7 @@ private:
 };
 
 /// Alike in every run with the same seed.
-class SeededRandom final : public Random {
+class SeededRandom : public Random {
 public:
     explicit SeededRandom(unsigned seed = 1)
         : generator_(seed) {}

@@ -67,21 +67,27 @@ std::optional<std::string> readAt(const Descriptor& file, std::int64_t offset, s
     return bytes;
 }
 
-bool overwrite(const Descriptor& file, std::int64_t offset, std::string_view bytes) {
-    struct stat before {};
-    const auto old = readAt(file, offset, bytes.size());
-    if (!old || ::fstat(file.number(), &before) != 0)
+bool overwrite(const Descriptor& file, std::int64_t offset, std::string_view bytes,
+               std::optional<std::string> before) {
+    if (!before)
+        before = readAt(file, offset, bytes.size());
+    if (!before)
+        return false;
+    // Where as much stood there as is written, the file does not grow and its length need not be asked.
+    struct stat then {};
+    const bool grows = before->size() < bytes.size();
+    if (grows && ::fstat(file.number(), &then) != 0)
         return false;
     const std::size_t done = writeAt(file, offset, bytes);
     if (done == bytes.size())
         return true;
-    writeAt(file, offset, std::string_view(*old).substr(0, done));
+    writeAt(file, offset, std::string_view(*before).substr(0, done));
     // Cut only what this write has added: another machine may have added to the file as well.
     struct stat now {};
     const off_t end = static_cast<off_t>(offset) + static_cast<off_t>(done);
-    if (done > 0 && ::fstat(file.number(), &now) == 0 && now.st_size > before.st_size && now.st_size == end)
-        [[maybe_unused]]
-        const int cut = ::ftruncate(file.number(), before.st_size);
+    if (grows && done > 0 && ::fstat(file.number(), &now) == 0 && now.st_size > then.st_size &&
+        now.st_size == end) [[maybe_unused]]
+        const int cut = ::ftruncate(file.number(), then.st_size);
     return false;
 }
 

@@ -35,8 +35,10 @@ bool isFile(const Descriptor& file);
 std::optional<std::string> readAt(const Descriptor& file, std::int64_t offset, std::size_t size);
 
 /// Writes all bytes at `offset`. If they do not all arrive, what stood there before is put back, the length
-/// of the file too, and the answer is false.
-bool overwrite(const Descriptor& file, std::int64_t offset, std::string_view bytes);
+/// of the file too, and the answer is false. `before` is what stood there, if the caller has just read it:
+/// a read less.
+bool overwrite(const Descriptor& file, std::int64_t offset, std::string_view bytes,
+               std::optional<std::string> before = std::nullopt);
 
 /// Waits until what was written has arrived on the disk or the server; false if it did not.
 bool flush(const Descriptor& file);

@@ -79,15 +79,22 @@ public:
         : file_(std::move(file)) {}
 
     std::optional<std::string> read(std::int64_t offset, std::size_t size) override {
-        return readAt(file_, offset, size);
+        last_ = readAt(file_, offset, size);
+        lastOffset_ = offset;
+        return last_;
     }
     bool write(std::int64_t offset, std::string_view bytes) override {
-        return overwrite(file_, offset, bytes);
+        // Whoever changes a record has mostly just read it.
+        const bool known = last_ && lastOffset_ == offset && last_->size() >= bytes.size();
+        return overwrite(file_, offset, bytes, known ? std::exchange(last_, std::nullopt) : std::nullopt);
     }
     bool close() override { return file_.close(); }
 
 private:
     Descriptor file_;
+    /// What was read last, and where.
+    std::optional<std::string> last_;
+    std::int64_t lastOffset_ = 0;
 };
 
 /// Opens `path`, first as written, then in the spelling on disk.

@@ -39,7 +39,9 @@ void prüfen(const Container& container, int breite, int höhe, const std::wstri
         Control& control = container.control(i);
         const std::wstring name = form + L"." + control.fullName();
         EXPECT_TRUE(namen.insert(control.fullName()).second) << "twice: " << toUtf8(name);
-        if (!frei.contains(name)) {
+        // The upper rows of the shaft are never seen.
+        const bool ungesehen = control.kind() == Kind::shape && !control.visible();
+        if (!frei.contains(name) && !ungesehen) {
             const Rect innen = control.place().intersected({0, 0, breite, höhe});
             // A border of two pixels may stand over the edge.
             EXPECT_TRUE(control.width() - innen.width <= 30 && control.height() - innen.height <= 30)
@@ -87,7 +89,7 @@ TEST(Formen, EverySoundAndPictureThatTheCodeNamesIsThere) {
     const std::regex bild("L\"((?:knopf|uebung|hintergrund|einst)_[a-z0-9_]+)\"");
     int klänge = 0;
     int bilder = 0;
-    for (const char* raum : {"screens", "front", "course", "teacher"}) {
+    for (const char* raum : {"screens", "front", "course", "games", "teacher"}) {
         for (const auto& eintrag : fs::directory_iterator(fs::path(KLOPFMEISE_QUELLEN) / raum)) {
             const std::string quelle = dateiinhalt(eintrag.path());
             for (std::sregex_iterator it(quelle.begin(), quelle.end(), klang), ende; it != ende;

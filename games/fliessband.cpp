@@ -1,0 +1,138 @@
+#include "games/fliessband.h"
+
+#include "games/ziehung.h"
+#include "screens/formnamen.h"
+
+#include <algorithm>
+
+namespace klopfmeise {
+
+namespace {
+
+constexpr const wchar_t* offenerStein = L"stein_offen";
+constexpr const wchar_t* getippterStein = L"stein_getippt";
+
+/// The character stands a pixel lower on the fourth stone.
+constexpr Rect zeichenplatz(int i) { return inPixeln(0, i == 4 ? 5 : 4, 36, 29); }
+
+} // namespace
+
+Fließband::Steinbild::Steinbild(Form& form, int i)
+    : imgStein(form, L"imgStein", {0, pixel(274), Bandspiel::steinbreite, pixel(38)},
+               {.back = wand, .picture = offenerStein, .visible = false}, i)
+    , lblStein(imgStein, L"lblStein", zeichenplatz(i), anzeige(L"", 18), i) {}
+
+Fließband::Fließband(const Umgebung& umgebung)
+    : Form(umgebung.runtime, formname::Fließband, {.picture = L"hintergrund_band"})
+    , umgebung_(umgebung) {}
+
+void Fließband::Form_Load() {
+    centre();
+    rahmen_.kindZeigen();
+    Startaufstellung();
+}
+
+void Fließband::Startaufstellung() {
+    spiel_.Startaufstellung(rahmen_.kursplatzLesen());
+    rahmen_.freigeben(hatZeichen(spiel_.Stufentext));
+    rahmen_.rekordLesen();
+    zeigen();
+}
+
+void Fließband::zeigen() {
+    steineZeigen();
+    const std::wstring rad = L"rad_" + std::to_wstring(std::max(1, spiel_.Radbild));
+    imgRad_1.setPicture({rad});
+    imgRad_2.setPicture({rad});
+    lblPunkte.setCaption(std::to_wstring(spiel_.Punkte));
+    Timer1.setInterval(spiel_.Intervall);
+    Timer1.setEnabled(spiel_.läuft);
+    Timer2.setEnabled(spiel_.läuft);
+    rahmen_.cmdNeuesSpiel.setVisible(!spiel_.läuft);
+    const bool offen = spiel_.läuft && spiel_.Position <= Bandspiel::Steinzahl;
+    rahmen_.ansagen(offen ? std::wstring(1, spiel_.lblStein().zeichen) : L"", spiel_.Punkte);
+}
+
+void Fließband::steineZeigen() {
+    for (int i = 1; i <= Bandspiel::Steinzahl; ++i) {
+        const Bandspiel::Stein& stein = spiel_.imgStein(i);
+        auto& [imgStein, lblStein] = steine_.at(static_cast<std::size_t>(i) - 1);
+        imgStein.setLeft(stein.left);
+        imgStein.setPicture(stein.getippt ? getippterStein : offenerStein);
+        lblStein.setCaption(std::wstring(1, stein.zeichen));
+        lblStein.setVisible(!stein.getippt);
+        imgStein.setVisible(stein.sichtbar);
+    }
+}
+
+void Fließband::steineMalen() {
+    steineZeigen();
+    for (Steinbild& stein : steine_)
+        stein.imgStein.repaint();
+}
+
+void Fließband::cmdNeuesSpiel_Click() {
+    umgebung_.klang(L"knopf.wav");
+    spiel_.starten(umgebung_.dienste().random);
+    zeigen();
+}
+
+void Fließband::imgNeu_MouseDown() {
+    umgebung_.klang(L"knopf.wav");
+    Startaufstellung();
+}
+
+void Fließband::Timer1_Timer() {
+    const bool vorbei = spiel_.Timer1_Timer();
+    zeigen();
+    if (!vorbei)
+        return;
+    rahmen_.Rekordpruefung(spiel_.Punkte);
+    Startaufstellung();
+}
+
+void Fließband::Timer2_Timer() {
+    spiel_.Timer2_Timer();
+    zeigen();
+}
+
+void Fließband::Form_KeyPress(KeyPress& taste) {
+    if (!spiel_.läuft)
+        return;
+    if (!spiel_.stimmt(taste.character)) {
+        danebentippen();
+        return;
+    }
+    runtime().wait(umgebung_.klang(L"knopf.wav"));
+    const bool fertig = spiel_.tippen();
+    steineMalen();
+    if (fertig)
+        gruppeFertig();
+    zeigen();
+}
+
+void Fließband::danebentippen() {
+    umgebung_.klang(L"Fließbandfalsch.wav");
+    spiel_.danebentippen();
+    zeigen();
+    lblPunkte.repaint();
+    steineMalen();
+}
+
+void Fließband::gruppeFertig() {
+    spiel_.gutschreiben();
+    zeigen();
+    lblPunkte.repaint();
+    umgebung_.klang(L"typewriterding.wav");
+    spiel_.Beschleunigen();
+    bool unterwegs = true;
+    while (unterwegs) {
+        const double beginn = umgebung_.uhr().seconds();
+        unterwegs = spiel_.zurücklaufen();
+        steineMalen();
+        rahmen_.bildAbwarten(beginn);
+    }
+    spiel_.NeueTasten(umgebung_.dienste().random);
+}
+
+} // namespace klopfmeise

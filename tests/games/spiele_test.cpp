@@ -1,0 +1,353 @@
+#include "platform/controls/button.h"
+#include "platform/controls/drawn.h"
+#include "platform/controls/panels.h"
+#include "platform/forms/timer.h"
+#include "tests/buehne.h"
+
+#include <algorithm>
+#include <functional>
+#include <gtest/gtest.h>
+
+namespace klopfmeise {
+namespace {
+
+using namespace std::string_literals;
+using Klänge = std::vector<std::wstring>;
+
+/// Begins `bytes` as records do: a tag and a number.
+std::string satzbytes(std::int16_t marke, const void* zahl, std::size_t länge) {
+    return std::string(reinterpret_cast<const char*>(&marke), 2) +
+           std::string(static_cast<const char*>(zahl), länge);
+}
+
+/// One of the games on the stage.
+class Spielbühne : public Bühne {
+public:
+    explicit Spielbühne(int nummer, const std::string& text = "fj fj") {
+        lektion(1, "Einzeiler", {text});
+        kindWählen();
+        nummer_ = nummer;
+        backend.duringWait = [this](int dauer) {
+            if (imWarten)
+                imWarten(dauer);
+        };
+    }
+    void betreten() {
+        zurÜbung(nummer_);
+        sound.played.clear();
+    }
+    Button& start() { return control<Button>(L"cmdNeuesSpiel"); }
+    void beginnen() { user.click(L"cmdNeuesSpiel"); }
+    wchar_t taste(const wchar_t* name) {
+        const std::wstring text = caption(name);
+        return text.empty() ? L' ' : text[0];
+    }
+    PictureBox& stein(int i) { return control<PictureBox>(L"imgStein", i); }
+    /// The label on a stone, which lies in a container of its own.
+    Label& zeichen(int i) { return static_cast<Label&>(stein(i).Container::control(0)); }
+    /// The stone to be typed next.
+    wchar_t nächster() {
+        for (int i = 1; i <= 5; ++i)
+            if (zeichen(i).visible())
+                return zeichen(i).caption()[0];
+        return 0;
+    }
+    std::wstring punkte() { return caption(nummer_ == 4 ? L"lblScore" : L"lblPunkte"); }
+
+    /// From START to the end.
+    void spielen() {
+        betreten();
+        beginnen();
+        for (int zug = 0; !start().visible() && zug < 1000; ++zug) {
+            if (nummer_ == 3)
+                user.type(std::wstring(1, taste(L"lblLinks")) + L" ");
+            if (nummer_ == 4)
+                user.type(L'\r');
+            if (nummer_ == 5)
+                user.type(zug < 20 ? nächster() : L'x');
+            user.pass(300);
+        }
+        EXPECT_TRUE(start().visible());
+    }
+
+    std::function<void(int)> imWarten;
+
+private:
+    int nummer_ = 0;
+};
+
+struct Rekordprobe {
+    int nummer;
+    Kontosatz satz;
+    /// The score as the account stores it.
+    std::function<std::string(int)> bytes;
+};
+
+const std::vector<Rekordprobe> proben{
+    {3, Kontosatz::HighWolken,
+     [](int n) {
+         const double zahl = n;
+         return satzbytes(5, &zahl, sizeof zahl);
+     }},
+    {4, Kontosatz::HighSteine,
+     [](int n) {
+         const auto zahl = static_cast<std::int16_t>(n);
+         return satzbytes(2, &zahl, sizeof zahl);
+     }},
+    {5, Kontosatz::HighBand,
+     [](int n) {
+         const auto zahl = static_cast<float>(n);
+         return satzbytes(4, &zahl, sizeof zahl);
+     }},
+};
+
+TEST(Spiele, OnlyAHigherScoreIsStoredHeardAndSeen) {
+    for (const auto& [nummer, satz, bytes] : proben) {
+        SCOPED_TRACE(nummer);
+        const int slot = static_cast<int>(satz);
+        Spielbühne erstes(nummer);
+        erstes.spielen();
+        const int erreicht = std::stoi(erstes.caption(L"lblHigh"));
+        ASSERT_GT(erreicht, 0);
+        for (const int über : {-1, 0, 1}) {
+            SCOPED_TRACE(über);
+            Spielbühne b(nummer);
+            b.satz(satz, ganzzahl(erreicht + über));
+            const std::string vorher = b.slot(slot, 16);
+            // What is seen in the waits that follow the end.
+            std::vector<Color> farben;
+            std::string gespeichert;
+            b.imWarten = [&](int dauer) {
+                if (b.sound.played.back() != L"typewriterding.wav" || dauer != 100)
+                    return;
+                gespeichert = b.slot(slot, bytes(0).size());
+                farben.push_back(b.control<Label>(L"lblHigh").fore());
+                EXPECT_EQ(b.caption(L"lblHigh"), std::to_wstring(erreicht));
+                EXPECT_EQ(b.punkte(), std::to_wstring(erreicht));
+            };
+            b.spielen();
+            EXPECT_EQ(b.punkte(), L"0");
+            if (über < 0) {
+                EXPECT_EQ(gespeichert, bytes(erreicht)) << "written before the blinking";
+                ASSERT_EQ(farben.size(), 20u);
+                for (std::size_t i = 0; i < farben.size(); ++i)
+                    EXPECT_EQ(farben[i], i % 2 == 0 ? RGB(0, 192, 192) : colors::black);
+                EXPECT_EQ(b.sound.played.back(), L"typewriterding.wav");
+            } else {
+                EXPECT_TRUE(farben.empty());
+                EXPECT_EQ(b.slot(slot, 16), vorher);
+                EXPECT_EQ(b.caption(L"lblHigh"), std::to_wstring(erreicht + über));
+                EXPECT_EQ(b.sound.played.back(), L"falsch.wav");
+            }
+            EXPECT_EQ(zahlAus(b.satz(Kontosatz::Lektionsnummer)).value_or(0), 0) << "a game moves nobody on";
+        }
+    }
+}
+
+TEST(Spiele, AStageWithoutAPairOrAnAccountCannotBePlayedOn) {
+    for (const int nummer : {3, 4, 5}) {
+        SCOPED_TRACE(nummer);
+        Spielbühne b(nummer, nummer == 5 ? "   " : "f f");
+        b.betreten();
+        for (const char* text : {"", "ab"}) {
+            const bool geht = *text != 0;
+            EXPECT_EQ(b.start().enabled(), geht);
+            EXPECT_EQ(b.control<Label>(L"lblUnspielbar").visible(), !geht);
+            EXPECT_EQ(b.caption(L"lblUnspielbar"),
+                      L"Auf dieser Stufe kann man nicht spielen. Bitte sage deiner Lehrkraft Bescheid.");
+            b.beginnen();
+            EXPECT_EQ(b.start().visible(), !geht);
+            b.lektion(1, "Einzeiler", {"ab"});
+            b.user.click(L"imgNeu");
+        }
+        EXPECT_EQ(b.caption(L"LblLektion"), L"Lektion 1 (Stufe 1)");
+        std::filesystem::remove(b.konto());
+        std::filesystem::create_directory(b.konto());
+        b.user.click(L"imgNeu");
+        EXPECT_FALSE(b.start().enabled());
+        EXPECT_EQ(b.caption(L"LblLektion"), L"Lektion –");
+        EXPECT_EQ(b.caption(L"lblHigh"), L"–");
+    }
+}
+
+TEST(Spiele, TheThirdButtonDropsTheGameAndHelpLetsItGoOn) {
+    for (const auto& [nummer, satz, bytes] : proben) {
+        SCOPED_TRACE(nummer);
+        Spielbühne b(nummer);
+        b.betreten();
+        EXPECT_EQ(b.caption(L"lblHigh"), L"0");
+        b.beginnen();
+        b.user.pass(1100);
+        b.user.type(nummer == 4 ? L"\r" : nummer == 5 ? L"fjfjfjfjfj" : L" ");
+        const double vorher = b.runtime.nextTick();
+        b.user.click(L"imgHilfe");
+        EXPECT_EQ(b.aktiv(), L"Hilfe");
+        b.user.pass(1100);
+        EXPECT_GT(b.runtime.nextTick(), vorher) << "its timers run on";
+        b.runtime.unload(L"Hilfe");
+        b.user.click(L"imgNeu");
+        EXPECT_TRUE(b.start().visible());
+        EXPECT_EQ(b.punkte(), L"0");
+        EXPECT_LT(b.runtime.nextTick(), 0) << "nothing ticks";
+        EXPECT_EQ(b.slot(static_cast<int>(satz), 4), "\2\0\0\0"s);
+        EXPECT_EQ(b.sound.played.back(), L"knopf.wav");
+        b.user.click(L"imgEnde");
+        EXPECT_EQ(b.aktiv(), L"Lern1");
+    }
+    // On the belt the button works when it goes down.
+    Spielbühne b(5);
+    b.betreten();
+    b.beginnen();
+    b.control<Picture>(L"imgNeu").mouseDown()(MouseButton::left);
+    EXPECT_FALSE(b.stein(1).visible());
+}
+
+TEST(Tastatur3, ABeamIsSeenAndThenTheValueFliesAwayWithoutLetters) {
+    Spielbühne b(3);
+    b.betreten();
+    b.user.type(L"fj ");
+    EXPECT_EQ(b.sound.played, Klänge()) << "keys before START";
+    b.beginnen();
+    // Under the cloud, wherever the draw has put it.
+    auto& pushy = b.control<Picture>(L"Pushy");
+    const auto trifft = [&] {
+        for (int i = 1; i <= 5; ++i)
+            if (const auto& wolke = b.control<Picture>(L"imgKiste", i);
+                wolke.left() < pushy.left() + 600 && wolke.right() > pushy.left() + 600)
+                return i;
+        return 0;
+    };
+    for (int i = 0; i < 20 && trifft() == 0; ++i)
+        b.user.type(b.taste(L"lblLinks"));
+    const int wolke = trifft();
+    ASSERT_GT(wolke, 0);
+    const int wert = std::stoi(b.caption(L"lblKiste", wolke));
+    b.sound.played.clear();
+    std::vector<int> höhen;
+    const auto fliegen = [&] {
+        if (!höhen.empty() && höhen.back() < 0)
+            return;
+        höhen.push_back(b.control<Label>(L"lblKiste", wolke).top());
+        EXPECT_FALSE(b.control<Line>(L"schuss").visible());
+        EXPECT_EQ(b.caption(L"lblLinks") + b.caption(L"lblRechts"), L"");
+        EXPECT_EQ(b.sound.played.back(), L"pb_Zahlenklotz2.wav");
+    };
+    bool strahl = false;
+    b.imWarten = [&](int dauer) {
+        const auto& schuss = b.control<Line>(L"schuss");
+        if (dauer == 10)
+            fliegen();
+        if (dauer == 100 && !strahl) {
+            strahl = schuss.visible();
+            EXPECT_EQ(schuss.ends(), (LinePlace{pushy.left() + 600, 6930, pushy.left() + 600,
+                                                b.control<Picture>(L"imgKiste", wolke).bottom()}));
+            b.user.keyUp();
+            b.user.type(L' ');
+        }
+    };
+    const double beginn = b.clock.seconds();
+    b.user.type(L' ');
+    EXPECT_TRUE(strahl);
+    ASSERT_GT(höhen.size(), 9u);
+    EXPECT_EQ(höhen[0] - höhen[1], 150);
+    EXPECT_LT(höhen.back(), 0);
+    EXPECT_GT(b.clock.seconds() - beginn, 0.1 + static_cast<double>(höhen.size()) / 62)
+        << "each step is seen";
+    EXPECT_GE(std::stoi(b.punkte()), wert) << "the second shot may pay as well";
+    EXPECT_EQ(b.caption(L"lblLinks").size(), 1u);
+    EXPECT_EQ(b.control<Label>(L"lblKiste", wolke).top(), b.control<Picture>(L"imgKiste", wolke).top());
+    EXPECT_EQ(std::ranges::count(b.sound.played, L"pb_Schieben.wav"), 2) << "the key typed meanwhile";
+    EXPECT_TRUE(b.runtime.active()->spokenTarget().ends_with(L", " + b.punkte() + L" Punkte"));
+}
+
+TEST(Tastatur3, TheThirdButtonInTheLastSecondsLeavesThemRedUntilTheNextTick) {
+    Spielbühne b(3);
+    b.betreten();
+    b.beginnen();
+    b.user.pass(52000);
+    const auto& zeit = b.control<Label>(L"lblZeit");
+    EXPECT_EQ(zeit.fore(), colors::red);
+    b.user.click(L"imgNeu");
+    EXPECT_EQ(zeit.caption(), L"60");
+    EXPECT_EQ(zeit.fore(), colors::red);
+    b.beginnen();
+    b.user.pass(50);
+    EXPECT_EQ(zeit.fore(), colors::black);
+    b.user.pass(59350);
+    EXPECT_FALSE(b.start().visible());
+    b.user.pass(150);
+    EXPECT_TRUE(b.start().visible());
+    EXPECT_EQ(zeit.fore(), colors::black);
+}
+
+TEST(Tetris, TheKeysOfTheMomentShowAndClick) {
+    Spielbühne b(4);
+    b.betreten();
+    EXPECT_EQ(b.caption(L"lblLinks"), L"");
+    b.beginnen();
+    b.user.type(L"fj \r");
+    EXPECT_EQ(b.sound.played, Klänge{L"knopf.wav"}) << "no keys before the first figure";
+    b.user.pass(1000);
+    EXPECT_EQ(b.runtime.active()->spokenTarget(), b.caption(L"lblLinks") + L" " + b.caption(L"lblRechts"));
+    const auto farbig = [&] {
+        std::vector<int> zellen;
+        for (int i = 0; i < 250; ++i)
+            if (b.control<Shape>(L"Shape1", i).fill() != colors::white)
+                zellen.push_back(i);
+        return zellen;
+    };
+    std::vector<int> links = farbig();
+    ASSERT_EQ(links.size(), 4u);
+    for (int& zelle : links)
+        --zelle;
+    b.user.repeat(b.taste(L"lblLinks"));
+    b.user.repeat(b.taste(L"lblLinks"));
+    EXPECT_EQ(farbig(), links) << "a held key is one step";
+    EXPECT_EQ(b.sound.played.size(), 2u);
+    EXPECT_FALSE(b.control<Shape>(L"Shape1", 230).visible());
+    EXPECT_TRUE(b.control<Shape>(L"Shape1", 229).visible());
+    // When the shaft is cleared the letters stay until START.
+    const std::wstring taste = b.caption(L"lblLinks");
+    b.user.click(L"imgNeu");
+    EXPECT_EQ(b.caption(L"lblLinks"), taste);
+    EXPECT_TRUE(farbig().empty());
+}
+
+TEST(Fließband, AStoneChangesWhenItsSoundIsOverAndTheGroupRunsBackInSight) {
+    Spielbühne b(5, "f");
+    b.sound.length = 70;
+    b.betreten();
+    b.beginnen();
+    std::vector<int> wege;
+    int klick = 0;
+    b.imWarten = [&](int dauer) {
+        if (dauer == 70 && klick++ == 0) {
+            EXPECT_EQ(b.stein(1).picture(), L"stein_offen");
+            b.user.type(L"fffff");
+        }
+        if (dauer != 70)
+            wege.push_back(b.stein(1).left());
+    };
+    b.user.type(L'f');
+    // The first key and the five typed in its wait: a group, its way back, and one of the next.
+    EXPECT_EQ(klick, 6);
+    ASSERT_GT(wege.size(), 30u);
+    EXPECT_EQ(wege[1] - wege[0], 75);
+    EXPECT_GE(wege.back(), 733 * 15);
+    EXPECT_EQ(b.stein(1).picture(), L"stein_getippt");
+    EXPECT_FALSE(b.zeichen(1).visible());
+    EXPECT_EQ(b.stein(2).picture(), L"stein_offen");
+    EXPECT_EQ(b.sound.played, (Klänge{L"knopf.wav", L"knopf.wav", L"knopf.wav", L"knopf.wav", L"knopf.wav",
+                                      L"knopf.wav", L"typewriterding.wav", L"knopf.wav"}));
+    EXPECT_EQ(b.punkte(), L"5");
+    // Of the stones only the one to come counts, and a wrong key is not waited for.
+    const int links = b.stein(1).left();
+    b.user.type(L'j');
+    EXPECT_EQ(b.punkte(), L"4");
+    EXPECT_EQ(b.stein(1).left(), links - 38 * 15);
+    EXPECT_EQ(b.sound.played.back(), L"Fließbandfalsch.wav");
+    EXPECT_EQ(b.runtime.active()->spokenTarget(), L"f, 4 Punkte");
+}
+
+} // namespace
+} // namespace klopfmeise
