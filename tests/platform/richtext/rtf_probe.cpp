@@ -3,7 +3,6 @@
 
 #include <array>
 #include <fstream>
-#include <iostream>
 #include <iterator>
 #include <string>
 
@@ -19,18 +18,16 @@ using namespace klopfmeise;
 RtfDocument styledInTurn(const RtfDocument& plain) {
     static constexpr std::array<std::uint32_t, 3> colors{0x000000, 0xC00000, 0x0000C8};
     RtfDocument result;
-    unsigned paragraphCount = 0;
-    unsigned wordCount = 0;
+    unsigned n = 0;
     for (const RtfParagraph& paragraph : plain.paragraphs) {
-        RtfParagraph styled{{}, static_cast<RtfAlignment>(paragraphCount++ % 4)};
+        RtfParagraph styled{{}, static_cast<RtfAlignment>(result.paragraphs.size() % 4)};
         for (const RtfRun& run : paragraph.runs)
             for (const wchar_t character : run.text) {
                 if (styled.runs.empty() || character == L' ') {
-                    const unsigned n = wordCount++;
+                    const wchar_t* typeface = ++n % 5 < 3 ? L"Courier New" : L"Arial";
+                    const int size = 24 + static_cast<int>(n % 4);
                     styled.runs.push_back(
-                        {{},
-                         {n % 5 < 3 ? L"Courier New" : L"Arial", 24 + static_cast<int>(n % 4), n % 2 == 1,
-                          n % 3 == 1, n % 4 == 1, colors[n % 3]}});
+                        {{}, {typeface, size, n % 2 == 1, n % 3 == 1, n % 4 == 1, colors[n % 3]}});
                 }
                 styled.runs.back().text += character;
             }
@@ -43,18 +40,9 @@ RtfDocument styledInTurn(const RtfDocument& plain) {
 
 int main(int count, char** arguments) {
     const std::vector<std::string> words(arguments, arguments + count);
-    if (words.size() != 4 || (words[1] != "write" && words[1] != "read")) {
-        std::cerr << "rtf_probe write|read INPUT OUTPUT\n";
-        return 2;
-    }
-    std::ifstream input(words[2], std::ios::binary);
-    const std::string bytes{std::istreambuf_iterator<char>(input), {}};
-    if (!input) {
-        std::cerr << words[2] << ": cannot be read\n";
-        return 1;
-    }
-    const RtfDocument document = readRtf(bytes).document;
-    std::ofstream output(words[3], std::ios::binary);
+    std::ifstream input(words.at(2), std::ios::binary);
+    const RtfDocument document = readRtf(std::string{std::istreambuf_iterator<char>(input), {}}).document;
+    std::ofstream output(words.at(3), std::ios::binary);
     output << (words[1] == "write" ? writeRtf(styledInTurn(document)) : toUtf8(document.plainText()));
-    return output.flush() ? 0 : 1;
+    return input && output.flush() ? 0 : 1;
 }
