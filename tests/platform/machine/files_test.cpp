@@ -131,24 +131,6 @@ TEST_F(PosixFilesTest, WhatIsMadeTakesTheRightsOfItsFolderWhateverTheUmask) {
         }
 }
 
-TEST_F(PosixFilesTest, WhatAFolderHandsOnByItsAccessListIsLeftAsItIs) {
-    const std::vector<Access> entries{{Access::owner, 7},
-                                      {Access::user, 6, 61001},
-                                      {Access::group, 4},
-                                      {Access::mask, 6},
-                                      {Access::others, 0}};
-    if (!setAccess(folder_.pfad(), entries, true))
-        GTEST_SKIP() << "(SKIP) this file system knows no access lists";
-    const Umask umask(0077);
-    EXPECT_TRUE(files_.writeAll(path("New.txt"), "x"));
-    EXPECT_TRUE(files_.openRecords(path("Mia._"))->write(0, "x"));
-    EXPECT_TRUE(files_.makeFolder(path("Class")));
-    // The group's bits of a mode are the bound of the list.
-    EXPECT_EQ(mode("New.txt"), 0660U);
-    EXPECT_EQ(mode("Mia._"), 0660U);
-    EXPECT_EQ(mode("Class"), 0760U);
-}
-
 TEST_F(PosixFilesTest, ARenameReplacesNothingAndMayChangeTheCaseOfAName) {
     std::filesystem::create_directory(place("Igel"));
     std::filesystem::create_directory(place("Dachs"));
