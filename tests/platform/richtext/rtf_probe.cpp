@@ -1,13 +1,11 @@
 #include "platform/richtext/rtf.h"
-#include "platform/values/text.h"
 
 #include <array>
 #include <fstream>
 #include <iterator>
 #include <string>
 
-// rtf_probe write TEXT RTF: a text file becomes RTF, with fonts, colours and alignments in turn
-// rtf_probe read RTF TEXT: the plain text of a document, in UTF-8
+// rtf_probe TEXT RTF: a text file becomes RTF, with fonts, colours and alignments in turn
 
 namespace {
 
@@ -40,9 +38,9 @@ RtfDocument styledInTurn(const RtfDocument& plain) {
 
 int main(int count, char** arguments) {
     const std::vector<std::string> words(arguments, arguments + count);
-    std::ifstream input(words.at(2), std::ios::binary);
+    std::ifstream input(words.at(1), std::ios::binary);
     const RtfDocument document = readRtf(std::string{std::istreambuf_iterator<char>(input), {}}).document;
-    std::ofstream output(words.at(3), std::ios::binary);
-    output << (words[1] == "write" ? writeRtf(styledInTurn(document)) : toUtf8(document.plainText()));
+    std::ofstream output(words.at(2), std::ios::binary);
+    output << writeRtf(styledInTurn(document));
     return input && output.flush() ? 0 : 1;
 }
