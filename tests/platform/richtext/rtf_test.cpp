@@ -49,7 +49,8 @@ TEST(RtfReading, LinesParagraphsAndWhatIsNoText) {
         {R"({\rtf1 a\cell\row})", L"a\t"},
         {R"({\rtf1 a\sect})", L"a"},
         {R"({\rtf1{\*\neu x{y}}{\info{\title x}}{\stylesheet{\s0 x;}}{\header x\par}{\pict 00ff}a})", L"a"},
-        {R"({\rtf1{\fonttbl{\f0 x;}}{\colortbl x;}{\pict\bin3 }}{}{\field{\*\fldinst x}{\fldrslt a}}{\listtext 1.\tab}{\pntext\'b7}{\footnote x}})",
+        {R"({\rtf1{\fonttbl{\f0 x;}}{\colortbl x;}{\pict\bin3 }}{})"
+         R"({\field{\*\fldinst x}{\fldrslt a}}{\listtext 1.\tab}{\pntext\'b7}{\footnote x}})",
          L"a"},
         {R"({\rtf1{\v\u-10179?}a{\v x}\v x\v0 b{\deleted x}\v x\plain c\neuesWort17 d\neu-3e})", L"abcde"},
     });
