@@ -7,24 +7,6 @@
 
 using namespace klopfmeise;
 
-namespace {
-
-std::vector<std::size_t> found(const PlaceList& list, const Rect& area) {
-    std::vector<std::size_t> slots;
-    list.forEachIn(area, [&](std::size_t slot) { slots.push_back(slot); });
-    return slots;
-}
-
-std::vector<std::size_t> looked(const std::vector<Rect>& places, const Rect& area) {
-    std::vector<std::size_t> slots;
-    for (std::size_t slot = 0; slot < places.size(); ++slot)
-        if (places[slot].intersects(area))
-            slots.push_back(slot);
-    return slots;
-}
-
-} // namespace
-
 // Cells come, move and go in any order, until none is left; what is found is what looking at each of them
 // would find.
 TEST(PlaceList, FindsWhatLookingAtEachFinds) {
@@ -35,9 +17,9 @@ TEST(PlaceList, FindsWhatLookingAtEachFinds) {
     };
     PlaceList list;
     std::vector<Rect> places;
-    for (int step = 0; step < 2000 || !places.empty(); ++step) {
-        const int what = step < 2000 ? number(8) : 6;
-        const auto slot = static_cast<std::size_t>(number(std::max<std::size_t>(places.size(), 1)));
+    for (int step = 0; step < 3000 || !places.empty(); ++step) {
+        const int what = step < 3000 ? number(8) : 6;
+        const auto slot = places.empty() ? 0 : random() % places.size();
         if (places.empty() || what < 4) {
             places.push_back(place());
             list.add(places.back());
@@ -49,6 +31,12 @@ TEST(PlaceList, FindsWhatLookingAtEachFinds) {
             list.erase(slot);
         }
         const Rect area = number(10) == 0 ? Rect{0, 0, 12000, 60000} : place().grown(number(1500));
-        ASSERT_EQ(found(list, area), looked(places, area)) << "step " << step << ", " << places.size();
+        std::vector<std::size_t> found;
+        list.forEachIn(area, [&](std::size_t at) { found.push_back(at); });
+        std::vector<std::size_t> looked;
+        for (std::size_t i = 0; i < places.size(); ++i)
+            if (places[i].intersects(area))
+                looked.push_back(i);
+        ASSERT_EQ(found, looked) << "step " << step << ", " << places.size();
     }
 }
