@@ -55,7 +55,7 @@ TEST_F(RegFileTest, ReadsEveryFormThatAnAdministratorMayLay) {
         "\"Number\"=dword:0000002a\n"
         "\"Bytes\"=hex:00,ff\n"
         "\"Twice\"=\"a\"\n\"TWICE\"=\"b\"\n"
-        "\"Broken\"=hex:zz\n\"Open\"=\"abc\n\"Large\"=dword:1ffffffff\n"
+        "\"Broken\"=hex:2z\n\"Open\"=\"abc\n\"Large\"=dword:1ffffffff\n"
         "[HKEY_CURRENT_USER\\Software\\Klopfmeise]\n\"Foreign\"=\"x\"\n");
     EXPECT_EQ(read("Pin"), Content(Type::string, "72\"\\94\0"s));
     EXPECT_EQ(read("pATH"), Content(Type::string, "C:\\D"));
