@@ -4,20 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <string>
-
 namespace klopfmeise {
 namespace {
-
-class Sheet final : public Form {
-public:
-    explicit Sheet(FormRuntime& runtime)
-        : Form(runtime, L"Sheet", {}) {}
-
-    RichTextBox box{*this, L"box", {0, 0, 6000, 3000}, {.change = [this] { ++changes; }}};
-    int changes = 0;
-};
 
 class RichTextBoxTest : public testing::Test {
 protected:
@@ -31,8 +19,9 @@ protected:
 
     Wegwerfordner folder_;
     Bühne stage_;
-    Sheet sheet_{stage_.runtime};
-    RichTextBox& box_ = sheet_.box;
+    Form sheet_{stage_.runtime, L"Sheet", {}};
+    int changes_ = 0;
+    RichTextBox box_{sheet_, L"box", {0, 0, 6000, 3000}, {.change = [this] { ++changes_; }}};
 };
 
 TEST_F(RichTextBoxTest, TheSelectionTakesAFormatAndItsParagraphsAnAlignment) {
@@ -49,7 +38,7 @@ TEST_F(RichTextBoxTest, TheSelectionTakesAFormatAndItsParagraphsAnAlignment) {
               (RtfDocument{{{{{L"Gro", plain}, {L"ßa", bold}, {L"rtig", plain}}, RtfAlignment::right},
                             {{{L"x", plain}}}}}));
     EXPECT_EQ(box_.text(), text);
-    EXPECT_EQ(sheet_.changes, 0);
+    EXPECT_EQ(changes_, 0);
 }
 
 TEST_F(RichTextBoxTest, ASavedDocumentComesBackWithTheEmptyLinesAtItsEnd) {
@@ -88,7 +77,7 @@ TEST_F(RichTextBoxTest, WhatWasCutOnReadingIsNeitherEditedNorSavedAndAPhotoCutsN
     EXPECT_FALSE(box_.saveFile(path(L"other.txt")));
     EXPECT_EQ(dateiinhalt(folder_.pfad() / "long.txt"), longText);
     EXPECT_EQ(box_.text().size(), rtfMaxCharacters);
-    EXPECT_EQ(sheet_.changes, 0);
+    EXPECT_EQ(changes_, 0);
 
     const std::string photo = "{\\pict\\jpegblip " + std::string(std::size_t{17} << 20U, 'f') + "}";
     dateiSchreiben(folder_.pfad() / "photo.txt", "{\\rtf1 before" + photo + "behind}");
@@ -106,7 +95,7 @@ TEST_F(RichTextBoxTest, TheUserChangesTheDocumentWithinTheBoundAndMovesTheSelect
     for (const RtfDocument& document : {typed, typed, tooLong})
         box_.edited(document, 5, 0);
     EXPECT_EQ(box_.text(), L"ab\r\nc");
-    EXPECT_EQ(sheet_.changes, 1);
+    EXPECT_EQ(changes_, 1);
     EXPECT_EQ(box_.selectionStart(), 5);
     box_.movedTo(1, 99);
     EXPECT_EQ(box_.selectionStart(), 1);
