@@ -5,6 +5,8 @@
 namespace klopfmeise {
 namespace {
 
+using std::string_literals::operator""s;
+
 /// A, B and C are full-screen forms, Small is a window, One and Two are children of Frame.
 class FormRuntimeTest : public testing::Test, public Playground {
 protected:
@@ -101,15 +103,13 @@ TEST_F(FormRuntimeTest, AFormThatUnloadsItselfGoesWhenItsHandlerHasReturned) {
         shown({L"B"});
         const auto life = form(L"B").life();
         form(L"B").timer.setInterval(50);
-        if (byTimer)
-            user.pass(500);
-        else
+        if (!byTimer)
             user.type(L'x');
-        EXPECT_EQ(diary.take(),
-                  (byTimer ? "B.tick" : "B.down88 B.press120 B.up") + std::string(" B.unload A.activate"));
+        user.pass(500);
+        EXPECT_EQ(diary.take(), (byTimer ? "B.tick"s : "B.down88 B.press120 B.up"s) + " B.unload A.activate");
         EXPECT_TRUE(life.expired());
-        EXPECT_EQ(runtime.nextTick(), -1);
     }
+    EXPECT_EQ(runtime.nextTick(), -1);
 }
 
 TEST_F(FormRuntimeTest, AFrameHearsOfItsSizeAndItsMenu) {
