@@ -4,20 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <string>
-
 namespace klopfmeise {
 namespace {
-
-class Sheet final : public Form {
-public:
-    explicit Sheet(FormRuntime& runtime)
-        : Form(runtime, L"Sheet", {}) {}
-
-    RichTextBox box{*this, L"box", {0, 0, 6000, 3000}, {.change = [this] { ++changes; }}};
-    int changes = 0;
-};
 
 class RichTextBoxTest : public testing::Test {
 protected:
@@ -31,28 +19,31 @@ protected:
 
     Wegwerfordner folder_;
     Bühne stage_;
-    Sheet sheet_{stage_.runtime};
-    RichTextBox& box_ = sheet_.box;
+    Form sheet_{stage_.runtime, L"Sheet", {}};
+    int changes_ = 0;
+    RichTextBox box_{sheet_, L"box", {0, 0, 6000, 3000}, {.change = [this] { ++changes_; }}};
 };
 
 TEST_F(RichTextBoxTest, TheSelectionTakesAFormatAndItsParagraphsAnAlignment) {
-    EXPECT_EQ(box_.text(), L"Großartig\r\nx");
-    box_.select(0, static_cast<int>(box_.text().size()));
-    box_.formatSelection({.typeface = L"Courier New", .halfPoints = 20}, RtfAlignment::left);
-    ASSERT_EQ(box_.document().paragraphs.size(), 2U);
-    EXPECT_EQ(box_.document().paragraphs[0].runs.size(), 1U);
-    EXPECT_EQ(box_.document().paragraphs[1].alignment, RtfAlignment::left);
+    const std::wstring text = L"Großartig\r\nx";
+    EXPECT_EQ(box_.text(), text);
+    box_.select(0, static_cast<int>(text.size()));
+    const RtfFormat plain{.typeface = L"Courier New", .halfPoints = 20};
+    box_.formatSelection(plain, RtfAlignment::left);
     box_.select(3, 2);
-    box_.formatSelection({.typeface = L"Courier New", .bold = true}, RtfAlignment::right);
-    ASSERT_EQ(box_.document().paragraphs[0].runs.size(), 3U);
-    EXPECT_EQ(box_.document().paragraphs[0].runs[1].text, L"ßa");
-    EXPECT_EQ(box_.document().paragraphs[0].alignment, RtfAlignment::right);
-    EXPECT_EQ(box_.document().paragraphs[1].alignment, RtfAlignment::left);
-    EXPECT_EQ(box_.text(), L"Großartig\r\nx");
+    RtfFormat bold = plain;
+    bold.bold = true;
+    box_.formatSelection(bold, RtfAlignment::right);
+    EXPECT_EQ(box_.document(),
+              (RtfDocument{{{{{L"Gro", plain}, {L"ßa", bold}, {L"rtig", plain}}, RtfAlignment::right},
+                            {{{L"x", plain}}}}}));
+    EXPECT_EQ(box_.text(), text);
+    EXPECT_EQ(changes_, 0);
 }
 
 TEST_F(RichTextBoxTest, ASavedDocumentComesBackWithTheEmptyLinesAtItsEnd) {
-    for (const std::wstring text : {L"", L"a", L"a\r\n", L"a\r\n\r\n"}) {
+    EXPECT_EQ(box_.font().points, 9.75);
+    for (const std::wstring text : {L"", L"a\r\n", L"a\r\n\r\n", L"\r\n\r\na\tb €"}) {
         box_.setText(text);
         const RtfDocument before = box_.document();
         EXPECT_TRUE(box_.saveFile(path(L"saved.txt")));
@@ -61,6 +52,7 @@ TEST_F(RichTextBoxTest, ASavedDocumentComesBackWithTheEmptyLinesAtItsEnd) {
         EXPECT_EQ(box_.document(), before);
         EXPECT_EQ(box_.text(), text);
     }
+    EXPECT_EQ(box_.document().paragraphs.back().runs[0].format.halfPoints, 20) << "9.75 points, rounded";
 }
 
 TEST_F(RichTextBoxTest, AFileThatCouldNotBeReadLeavesAnEmptyBoxAndIsNotSavedOver) {
@@ -73,11 +65,10 @@ TEST_F(RichTextBoxTest, AFileThatCouldNotBeReadLeavesAnEmptyBoxAndIsNotSavedOver
     EXPECT_EQ(box_.text(), L"Großartig\r\nx");
 }
 
-TEST_F(RichTextBoxTest, WhatWasCutOnReadingIsNeitherEditedNorSaved) {
+TEST_F(RichTextBoxTest, WhatWasCutOnReadingIsNeitherEditedNorSavedAndAPhotoCutsNothing) {
     const std::string longText = "{\\rtf1 " + std::string(rtfMaxCharacters, 'a') + "\\par b}";
     dateiSchreiben(folder_.pfad() / "long.txt", longText);
     EXPECT_EQ(box_.loadFile(path(L"long.txt")), RtfOutcome::cut);
-    EXPECT_EQ(box_.text().size(), rtfMaxCharacters);
     EXPECT_TRUE(box_.readOnly());
     box_.edited(documentFromPlainText(L"typed").document, 0, 0);
     box_.select(0, static_cast<int>(rtfMaxCharacters));
@@ -85,42 +76,30 @@ TEST_F(RichTextBoxTest, WhatWasCutOnReadingIsNeitherEditedNorSaved) {
     EXPECT_FALSE(box_.saveFile(path(L"long.txt")));
     EXPECT_FALSE(box_.saveFile(path(L"other.txt")));
     EXPECT_EQ(dateiinhalt(folder_.pfad() / "long.txt"), longText);
-    EXPECT_EQ(sheet_.changes, 0);
+    EXPECT_EQ(box_.text().size(), rtfMaxCharacters);
+    EXPECT_EQ(changes_, 0);
 
-    box_.setText(L"fresh");
+    const std::string photo = "{\\pict\\jpegblip " + std::string(std::size_t{17} << 20U, 'f') + "}";
+    dateiSchreiben(folder_.pfad() / "photo.txt", "{\\rtf1 before" + photo + "behind}");
+    EXPECT_EQ(box_.loadFile(path(L"photo.txt")), RtfOutcome::whole);
+    EXPECT_EQ(box_.text(), L"beforebehind");
     EXPECT_FALSE(box_.readOnly());
     EXPECT_TRUE(box_.saveFile(path(L"other.txt")));
     box_.setText(std::wstring(rtfMaxCharacters + 1, L'a'));
     EXPECT_FALSE(box_.saveFile(path(L"other.txt")));
 }
 
-TEST_F(RichTextBoxTest, APhotoOfManyMegabytesDoesNotCutTheText) {
-    dateiSchreiben(folder_.pfad() / "photo.txt", "{\\rtf1 before{\\pict\\jpegblip " +
-                                                     std::string(std::size_t{17} << 20U, 'f') + "}behind}");
-    EXPECT_EQ(box_.loadFile(path(L"photo.txt")), RtfOutcome::whole);
-    EXPECT_EQ(box_.text(), L"beforebehind");
-}
-
 TEST_F(RichTextBoxTest, TheUserChangesTheDocumentWithinTheBoundAndMovesTheSelection) {
-    box_.edited(documentFromPlainText(L"ab\r\nc").document, 5, 0);
+    const RtfDocument typed = documentFromPlainText(L"ab\r\nc").document;
+    const RtfDocument tooLong{{{{{std::wstring(rtfMaxCharacters + 1, L'a'), {}}}}}};
+    for (const RtfDocument& document : {typed, typed, tooLong})
+        box_.edited(document, 5, 0);
     EXPECT_EQ(box_.text(), L"ab\r\nc");
+    EXPECT_EQ(changes_, 1);
     EXPECT_EQ(box_.selectionStart(), 5);
-    EXPECT_EQ(sheet_.changes, 1);
     box_.movedTo(1, 99);
     EXPECT_EQ(box_.selectionStart(), 1);
     EXPECT_EQ(box_.selectionLength(), 4);
-    RtfDocument tooLong;
-    tooLong.paragraphs.push_back({{{std::wstring(rtfMaxCharacters + 1, L'a'), {}}}});
-    box_.edited(tooLong, 0, 0);
-    EXPECT_EQ(box_.text(), L"ab\r\nc");
-    EXPECT_EQ(sheet_.changes, 1);
-}
-
-TEST_F(RichTextBoxTest, ItsOwnFormatRoundsToHalfPoints) {
-    EXPECT_EQ(box_.font().points, 9.75);
-    EXPECT_EQ(box_.ownFormat().halfPoints, 20);
-    box_.setText(L"a");
-    EXPECT_EQ(box_.document().paragraphs[0].runs[0].format, box_.ownFormat());
 }
 
 } // namespace

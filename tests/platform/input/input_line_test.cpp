@@ -63,9 +63,7 @@ TEST_F(InputLineTest, OfAHeldKeyOneRepeatWaits) {
     key("a", keyDown, 1);
     key("repeat", keyDown, 1, true);
     EXPECT_EQ(served(), "a repeat b B A a repeat");
-}
-
-TEST_F(InputLineTest, AReleaseAndAPressOfTheSameTimeAreARepeat) {
+    // A release and a press of the same time are a repeat.
     key("a", keyDown, 1, false, 10);
     key("lost", keyUp, 1, false, 40);
     key("lost", keyDown, 1, false, 40);
@@ -80,41 +78,30 @@ TEST_F(InputLineTest, AReleaseAndAPressOfTheSameTimeAreARepeat) {
 
 TEST_F(InputLineTest, AMoveOfTheMouseTakesThePlaceOfTheOneBeforeIt) {
     const int windows[2] = {};
-    const auto move = [&](const std::string& event, int window) {
+    for (const auto& [event, window] :
+         {std::pair("lost", 0), {"first", 0}, {"other", 1}, {"lost", 0}, {"second", 0}})
         enter(event, {.kind = mouseMove, .window = &windows[window]});
-    };
-    move("lost", 0);
-    move("first", 0);
-    move("other", 1);
-    move("lost", 0);
-    move("second", 0);
     enter("press", {});
-    move("third", 0);
+    enter("third", {.kind = mouseMove, .window = windows});
     EXPECT_EQ(served(), "first other second press third");
 }
 
 TEST(DeadKeysTest, AnAccentJoinsTheNextCharacterWhereTheTwoGoTogether) {
-    struct Case {
-        /// Small letters and blanks are typed, accents are accent keys.
-        std::wstring_view keys;
-        std::wstring_view text;
-    };
-    for (const auto& [keys, text] :
-         {Case{L"´e´", L"é"}, Case{L"^A~nx", L"Âñx"}, Case{L"^x", L"^x"}, Case{L"^ e", L"^e"},
-          Case{L"´´e", L"´e"}, Case{L"`^e", L"`ê"}, Case{L"ˇs°a¸c¨y", L"šåçÿ"}, Case{L"~~~o", L"~õ"}}) {
+    // Small letters and blanks are typed, accents are accent keys; the dash is a key without a character,
+    // such as shift.
+    const std::pair<std::wstring_view, std::wstring_view> cases[]{
+        {L"´e´", L"é"},  {L"^A~nx", L"Âñx"},     {L"^x", L"^x"},   {L"^ e", L"^e"}, {L"´´e", L"´e"},
+        {L"`^e", L"`ê"}, {L"ˇs°a¸c¨y", L"šåçÿ"}, {L"~~~o", L"~õ"}, {L"^-e", L"ê"}};
+    for (const auto& [keys, text] : cases) {
         DeadKeys deadKeys;
         std::wstring typed;
         for (const wchar_t key : keys)
             typed += std::wstring_view(L"´`^~¨¸°ˇ").find(key) != std::wstring_view::npos
                          ? deadKeys.accent(key)
-                         : deadKeys.typed({&key, 1});
-        EXPECT_EQ(typed, text) << testing::PrintToString(std::wstring(keys));
+                         : deadKeys.typed(key == L'-' ? std::wstring_view() : std::wstring_view(&key, 1));
+        EXPECT_EQ(typed, text);
     }
     DeadKeys deadKeys;
-    deadKeys.accent(L'^');
-    EXPECT_EQ(deadKeys.typed(L""), L"")
-        << "a key without a character, such as shift, leaves the accent waiting";
-    EXPECT_EQ(deadKeys.typed(L"e"), L"ê");
     deadKeys.accent(L'^');
     deadKeys.reset();
     EXPECT_EQ(deadKeys.typed(L"e"), L"e");

@@ -18,23 +18,29 @@ using Type = Registry::Type;
 /// Type and bytes, comparable.
 using Content = std::pair<Type, std::string>;
 
+const std::string keyLine = "[HKEY_LOCAL_MACHINE\\Software\\Klopfmeise]\r\n";
+
 class RegFileTest : public testing::Test {
 protected:
     static constexpr const char* key_ = "Software\\Klopfmeise";
 
+    Registry::Handle open(std::uint32_t access) {
+        return file_.open(RegFile::localMachine, key_, access).handle;
+    }
     std::optional<Content> read(const std::string& name) {
-        const auto opened = file_.open(RegFile::localMachine, key_, RegFile::readAccess);
+        const auto opened = open(RegFile::readAccess);
         Registry::Value value;
-        const bool found = file_.query(opened.handle, name, value) == RegistryStatus::success;
-        file_.close(opened.handle);
+        const bool found = file_.query(opened, name, value) == RegistryStatus::success;
+        file_.close(opened);
         return found ? std::optional(Content(value.type, value.bytes)) : std::nullopt;
     }
-    void write(const std::string& name, const Registry::Value& value) {
-        const auto opened = file_.open(RegFile::localMachine, key_, RegFile::writeAccess);
-        EXPECT_EQ(file_.set(opened.handle, name, value), RegistryStatus::success);
-        EXPECT_EQ(file_.close(opened.handle), RegistryStatus::success);
+    void write(const std::string& name, const Content& value) {
+        const auto opened = open(RegFile::writeAccess);
+        EXPECT_EQ(file_.set(opened, name, {value.first, value.second}), RegistryStatus::success);
+        EXPECT_EQ(file_.close(opened), RegistryStatus::success);
     }
     void lay(const std::string& lines) { dateiSchreiben(path_, lines); }
+    auto entries() const { return std::distance(std::filesystem::directory_iterator(folder_.pfad()), {}); }
 
     Wegwerfordner folder_;
     std::string path_ = (folder_.pfad() / "machine.reg").string();
@@ -48,178 +54,140 @@ TEST_F(RegFileTest, ReadsEveryFormThatAnAdministratorMayLay) {
         "\"Lines\"=hex(7):61,00,62  \n"
         "\"Number\"=dword:0000002a\n"
         "\"Bytes\"=hex:00,ff\n"
-        "\"Umlaut\"=\"ä€\"\n"
-        "\"Broken\"=hex:zz\n\"Open\"=\"abc\n\"Large\"=dword:1ffffffff\n"
+        "\"Twice\"=\"a\"\n\"TWICE\"=\"b\"\n"
+        "\"Broken\"=hex:2z\n\"Open\"=\"abc\n\"Large\"=dword:1ffffffff\n"
         "[HKEY_CURRENT_USER\\Software\\Klopfmeise]\n\"Foreign\"=\"x\"\n");
     EXPECT_EQ(read("Pin"), Content(Type::string, "72\"\\94\0"s));
     EXPECT_EQ(read("pATH"), Content(Type::string, "C:\\D"));
     EXPECT_EQ(read("Lines"), Content(Type::multiString, "a\0b"s));
     EXPECT_EQ(read("Number"), Content(Type::dword, "\x2a\0\0\0"s));
     EXPECT_EQ(read("Bytes"), Content(Type::binary, "\0\xff"s));
-    EXPECT_EQ(read("Umlaut"), Content(Type::string, "\xE4\x80\0"s));
+    EXPECT_EQ(read("Twice"), Content(Type::string, "b\0"s));
     for (const char* name : {"Broken", "Open", "Large", "Foreign", "Missing"})
         EXPECT_FALSE(read(name)) << name;
 }
 
 TEST_F(RegFileTest, WhatIsSetComesBackAndTheRestOfTheFileStays) {
-    const std::string before = "Windows Registry Editor Version 5.00\r\n\r\n; laid by hand\r\n"
-                               "[HKEY_LOCAL_MACHINE\\Software\\Other]\r\n\"Pin\"=\"1111\"\r\n\r\n";
-    const std::string behind = "\r\n[HKEY_LOCAL_MACHINE\\Software\\Third]\r\n\"Pin\"=dword:00000001\r\n";
-    lay(before +
-        "[HKEY_LOCAL_MACHINE\\Software\\Klopfmeise]\r\n\"Kept\"=\"as laid\"\r\n\"Pin\"=\"7294\"\r\n" +
-        behind);
-    write("PIN", {Type::string, "1\"2"});
-    write("New", {Type::multiString, "a\0b"s});
-    write("Number", {Type::dword, "\x2a\0\0\x80"s});
-    EXPECT_EQ(dateiinhalt(path_),
-              before +
-                  "[HKEY_LOCAL_MACHINE\\Software\\Klopfmeise]\r\n\"Kept\"=\"as laid\"\r\n"
-                  "\"Pin\"=hex(1):31,22,32\r\n\"New\"=hex(7):61,00,62\r\n\"Number\"=dword:8000002a\r\n" +
-                  behind);
-    EXPECT_EQ(read("Pin"), Content(Type::string, "1\"2"));
-    // No temporary file is left beside it.
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.pfad()), {}), 1);
-}
-
-TEST_F(RegFileTest, AValueIsReplacedWhereItStandsInWhateverCase) {
-    const std::string head =
-        "; Rechner 12\n\n[HKEY_Local_Machine\\SOFTWARE\\KLOPFMEISE] ; unser Schl\xC3\xBCssel\n"
-        "\"Other\"=\"a;b\"\n";
-    lay(head + "  \"pin\" = \"7294\"  ; Code der Lehrkr\xC3\xA4"
-               "fte\n\"Last\"=dword:7 ; sieben");
-    write("Pin", {Type::string, "1234"});
-    write("PIN", {Type::string, "8815"});
-    const std::string replaced = head + "  \"pin\" = hex(1):38,38,31,35  ; Code der Lehrkr\xC3\xA4"
-                                        "fte\n";
-    EXPECT_EQ(dateiinhalt(path_), replaced + "\"Last\"=dword:7 ; sieben");
-    EXPECT_EQ(read("Last"), Content(Type::dword, "\7\0\0\0"s));
-    write("last", {Type::dword, "\x10\0\0\0"s});
-    write("New\"\\", {Type::dword, "\1\0\0\0"s});
-    EXPECT_EQ(dateiinhalt(path_),
-              replaced + "\"Last\"=dword:00000010 ; sieben\n\"New\\\"\\\\\"=dword:00000001\n");
-    EXPECT_EQ(read("nEW\"\\"), Content(Type::dword, "\1\0\0\0"s));
-}
-
-TEST_F(RegFileTest, OfSeveralValuesOfOneNameTheLastCountsAndOneIsLeftAfterAWrite) {
-    const std::string key = "[HKEY_LOCAL_MACHINE\\Software\\Klopfmeise]\r\n";
-    lay(key + "\"Pin\"=\"1111\"\r\n\"PIN\"=hex(1):32,\\\r\n  32\r\n\"Last\"=\"x\"\r\n");
-    EXPECT_EQ(read("Pin"), Content(Type::string, "22"));
-    write("Pin", {Type::string, "3"});
-    EXPECT_EQ(dateiinhalt(path_), key + "\"Pin\"=hex(1):33\r\n\"Last\"=\"x\"\r\n");
-}
-
-TEST_F(RegFileTest, WhatAnAdministratorWritesMeanwhileStays) {
-    const std::string key = "[HKEY_LOCAL_MACHINE\\Software\\Klopfmeise]\r\n";
-    lay(key + "\"Pin\"=\"1111\"\r\n\"Path\"=\"a\"\r\n");
-    const auto opened = file_.open(RegFile::localMachine, key_, RegFile::writeAccess);
-    lay(key + "\"Pin\"=\"2222\"\r\n\"Path\"=\"a\"\r\n");
-    file_.set(opened.handle, "Path", {Type::string, "b"});
-    EXPECT_EQ(file_.close(opened.handle), RegistryStatus::success);
-    EXPECT_EQ(dateiinhalt(path_), key + "\"Pin\"=\"2222\"\r\n\"Path\"=hex(1):62\r\n");
-}
-
-/// The text in an encoding with its mark.
-std::string encoded(const std::wstring& text, const std::string& encoding) {
-    if (encoding == "UTF-8")
-        return toUtf8(text);
-    if (encoding == "UTF-8 with a mark")
-        return "\xEF\xBB\xBF" + toUtf8(text);
-    if (encoding == "Windows-1252")
-        return toWindows1252(text);
-    const bool big = encoding == "UTF-16 big-endian";
-    std::string bytes = big ? "\xFE\xFF" : "\xFF\xFE";
-    for (const wchar_t c : text) {
-        const char high = static_cast<char>(c >> 8);
-        const char low = static_cast<char>(c & 0xFF);
-        bytes += big ? high : low;
-        bytes += big ? low : high;
+    const std::string other = "; by hand\r\n[HKEY_LOCAL_MACHINE\\Software\\Other]\r\n\"Pin\"=\"11\"\r\n\r\n";
+    const std::string sloppy = "\n[HKEY_Local_Machine\\SOFTWARE\\KLOPFMEISE] ; Schlüssel\n\"Kept\"=\"a;b\"\n";
+    const Content text(Type::string, "1\"2");
+    const Content lines(Type::multiString, "a\0b"s);
+    const Content number(Type::dword, "\7\0\0\x80"s);
+    const struct {
+        std::string before;
+        std::string name;
+        Content value;
+        std::string after;
+    } cases[]{
+        {other + keyLine + "\"Kept\"=\"a\"\r\n\"Pin\"=\"7\"\r\n\r\n" + other, "PIN", text,
+         other + keyLine + "\"Kept\"=\"a\"\r\n\"Pin\"=hex(1):31,22,32\r\n\r\n" + other},
+        {other + keyLine + "\"Kept\"=\"a\"\r\n\r\n" + other, "N", lines,
+         other + keyLine + "\"Kept\"=\"a\"\r\n\"N\"=hex(7):61,00,62\r\n\r\n" + other},
+        {sloppy + "  \"pin\" = \"72\"  ; Lehrkräfte\n", "Pin", text,
+         sloppy + "  \"pin\" = hex(1):31,22,32  ; Lehrkräfte\n"},
+        {sloppy + "\"Pin\"=dword:1 ; eins", "pin", number, sloppy + "\"Pin\"=dword:80000007 ; eins"},
+        {sloppy + "\"Z\"=\"x\"", "P\"\\", number, sloppy + "\"Z\"=\"x\"\n\"P\\\"\\\\\"=dword:80000007\n"},
+        {keyLine + "\"Pin\"=\"1\"\r\n\"PIN\"=hex(1):32,\\\r\n  32\r\n\"Z\"=\"x\"\r\n", "Pin", number,
+         keyLine + "\"Pin\"=dword:80000007\r\n\"Z\"=\"x\"\r\n"},
+    };
+    for (const auto& [before, name, value, after] : cases) {
+        lay(before);
+        write(name, value);
+        EXPECT_EQ(dateiinhalt(path_), after);
+        EXPECT_EQ(read(name), value);
+        EXPECT_EQ(entries(), 1) << "a temporary file is left";
     }
+    // What an administrator writes meanwhile stays too.
+    const auto opened = open(RegFile::writeAccess);
+    lay(keyLine + "\"Pin\"=\"2222\"\r\n\"Path\"=\"a\"\r\n");
+    file_.set(opened, "Path", {Type::string, "b"});
+    EXPECT_EQ(file_.close(opened), RegistryStatus::success);
+    EXPECT_EQ(dateiinhalt(path_), keyLine + "\"Pin\"=\"2222\"\r\n\"Path\"=hex(1):62\r\n");
+}
+
+template <bool bigEndian>
+std::string toUtf16(std::wstring_view text) {
+    std::string bytes;
+    for (const wchar_t c : text)
+        for (const bool high : {bigEndian, !bigEndian})
+            bytes += static_cast<char>(high ? c >> 8 : c & 0xFF);
     return bytes;
 }
 
 TEST_F(RegFileTest, EachEncodingIsReadAndWrittenBackAsItIs) {
-    const std::wstring key = L"\r\n[HKEY_LOCAL_MACHINE\\Software\\Klopfmeise]\r\n";
-    for (const char* encoding :
-         {"UTF-8", "UTF-8 with a mark", "Windows-1252", "UTF-16 little-endian", "UTF-16 big-endian"}) {
-        SCOPED_TRACE(encoding);
-        lay(encoded(L"; Schülerrechner" + key + L"\"Größe\"=\"ä€\"\r\n\"Pin\"=\"7294\"", encoding));
-        EXPECT_EQ(read("GR\xD6\xDF"
-                       "E"),
-                  Content(Type::string, "\xE4\x80\0"s));
+    const std::wstring mark = L"\uFEFF";
+    const std::wstring laid = L"; Süd\r\n[HKEY_LOCAL_MACHINE\\Software\\Klopfmeise]\r\n\"Öl\"=\"ä€\"\r\n";
+    using Encoding = std::string (*)(std::wstring_view);
+    const std::pair<std::wstring, Encoding> encodings[]{{laid, toUtf8},
+                                                        {mark + laid, toUtf8},
+                                                        {laid, toWindows1252},
+                                                        {mark + laid, toUtf16<false>},
+                                                        {mark + laid, toUtf16<true>}};
+    for (const auto& [text, encoded] : encodings) {
+        lay(encoded(text + L"\"Pin\"=\"7294\""));
+        SCOPED_TRACE(dateiinhalt(path_));
+        EXPECT_EQ(read("\xD6L"), Content(Type::string, "\xE4\x80\0"s));
         EXPECT_EQ(read("Pin"), Content(Type::string, "7294\0"s));
         write("Pin", {Type::string, "1"});
         write("L\xE4nge", {Type::dword, "\2\0\0\0"s});
-        EXPECT_EQ(dateiinhalt(path_),
-                  encoded(L"; Schülerrechner" + key +
-                              L"\"Größe\"=\"ä€\"\r\n\"Pin\"=hex(1):31\r\n\"Länge\"=dword:00000002\r\n",
-                          encoding));
+        EXPECT_EQ(dateiinhalt(path_), encoded(text + L"\"Pin\"=hex(1):31\r\n\"Länge\"=dword:00000002\r\n"));
     }
     // Beyond the code page, in a pair of units and in one: UTF-8 behind its mark.
-    lay("\xFF\xFE"s + encoded(key + L"\"Path\"=\"\xD83D\xDE00 шк\"\r\n", "UTF-16 little-endian").substr(2));
-    EXPECT_EQ(read("Path"), Content(Type::string, "\xEF\xBB\xBF\xF0\x9F\x98\x80 \xD1\x88\xD0\xBA\0"s));
+    lay(toUtf16<false>(mark + laid + L"\"Path\"=\"\xD83D\xDE00 шк\"\r\n"));
+    EXPECT_EQ(read("Path"), Content(Type::string, "\xEF\xBB\xBF😀 шк\0"s));
 }
 
 TEST_F(RegFileTest, TheFolderIsMadeForAllToReadWhateverTheUmask) {
-    const auto folder = folder_.pfad() / "etc" / "klopfmeise";
-    RegFile fresh((folder / "maschine.reg").string());
-    const Umask umask(0077);
-    const auto made = fresh.create(RegFile::localMachine, key_, RegFile::writeAccess);
-    EXPECT_EQ(made.disposition, 1U);
-    EXPECT_EQ(fresh.close(made.handle), RegistryStatus::success);
+    path_ = (folder_.pfad() / "etc" / "klopfmeise" / "maschine.reg").string();
+    file_ = RegFile(path_);
     const auto mode = [](const std::filesystem::path& path) {
         return static_cast<unsigned>(std::filesystem::status(path).permissions());
     };
-    EXPECT_EQ(mode(folder), 0755U);
-    EXPECT_EQ(mode(folder / "maschine.reg"), 0644U);
+    const Umask umask(0077);
+    EXPECT_EQ(file_.create(RegFile::localMachine, key_, RegFile::writeAccess).disposition, 1U);
+    EXPECT_EQ(mode(path_), 0644U);
+    EXPECT_EQ(mode(std::filesystem::path(path_).parent_path()), 0755U);
     // An administrator's own rights stay.
-    std::filesystem::permissions(folder / "maschine.reg", std::filesystem::perms{0640});
-    const auto opened = fresh.open(RegFile::localMachine, key_, RegFile::writeAccess);
-    fresh.set(opened.handle, "Pin", {Type::string, "1"});
-    EXPECT_EQ(fresh.close(opened.handle), RegistryStatus::success);
-    EXPECT_EQ(mode(folder / "maschine.reg"), 0640U);
+    std::filesystem::permissions(path_, std::filesystem::perms{0640});
+    write("Pin", {Type::string, "1"});
+    EXPECT_EQ(mode(path_), 0640U);
 }
 
 TEST_F(RegFileTest, AFailedWriteLeavesTheFileAndIsTold) {
-    const std::string before = "[HKEY_LOCAL_MACHINE\\Software\\Klopfmeise]\r\n\"Pin\"=\"7294\"\r\n";
-    const auto status = [&](FailingCall::Call call, int error) {
-        lay(before);
-        const auto opened = file_.open(RegFile::localMachine, key_, RegFile::writeAccess);
-        file_.set(opened.handle, "Pin", {Type::string, "1"});
-        const FailingCall failing(call, error, folder_.pfad());
-        return file_.close(opened.handle);
-    };
-    for (const auto& [call, error] :
-         {std::pair(FailingCall::Call::flush, EIO), {FailingCall::Call::close, ENOSPC}}) {
-        EXPECT_EQ(status(call, error), RegistryStatus::accessDenied);
-        EXPECT_EQ(dateiinhalt(path_), before);
-    }
+    using Call = FailingCall::Call;
+    const std::string before = keyLine + "\"Pin\"=\"7294\"\r\n";
+    const std::string after = keyLine + "\"Pin\"=hex(1):31\r\n";
     // A file that is laid into its place by itself, as in a container, can only be written over.
-    EXPECT_EQ(status(FailingCall::Call::rename, EBUSY), RegistryStatus::success);
-    EXPECT_EQ(read("Pin"), Content(Type::string, "1"));
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.pfad()), {}), 1);
+    for (const auto& [call, error, written] :
+         {std::tuple(Call::flush, EIO, false), {Call::close, ENOSPC, false}, {Call::rename, EBUSY, true}}) {
+        lay(before);
+        const auto opened = open(RegFile::writeAccess);
+        file_.set(opened, "Pin", {Type::string, "1"});
+        const FailingCall failing(call, error, folder_.pfad());
+        EXPECT_EQ(file_.close(opened), written ? RegistryStatus::success : RegistryStatus::accessDenied);
+        EXPECT_EQ(dateiinhalt(path_), written ? after : before);
+        EXPECT_EQ(entries(), 1);
+    }
 }
 
-TEST_F(RegFileTest, AKeyIsMadeOnceAndOnlyInTheMachinesHive) {
+TEST_F(RegFileTest, AKeyIsMadeOnceOnlyInTheMachinesHiveAndWrittenOnlyIfOpenedForIt) {
+    constexpr std::uint32_t currentUser = 0x80000001;
+    const auto create = [&](RegFile& file, std::uint32_t hive = RegFile::localMachine) {
+        return file.create(hive, key_, RegFile::writeAccess);
+    };
     EXPECT_EQ(file_.open(RegFile::localMachine, key_, RegFile::readAccess).status,
               RegistryStatus::fileNotFound);
-    EXPECT_EQ(file_.create(RegFile::localMachine, key_, RegFile::writeAccess).disposition, 1U);
-    EXPECT_EQ(file_.create(RegFile::localMachine, key_, RegFile::writeAccess).disposition, 2U);
-    EXPECT_EQ(dateiinhalt(path_), "Windows Registry Editor Version 5.00\r\n\r\n"
-                                  "[HKEY_LOCAL_MACHINE\\Software\\Klopfmeise]\r\n");
-    constexpr std::uint32_t currentUser = 0x80000001;
-    EXPECT_EQ(file_.create(currentUser, key_, RegFile::writeAccess).status, RegistryStatus::accessDenied);
-    RegFile nowhere((folder_.pfad() / "machine.reg" / "below a file.reg").string());
-    EXPECT_EQ(nowhere.create(RegFile::localMachine, key_, RegFile::writeAccess).status,
-              RegistryStatus::accessDenied);
-}
+    EXPECT_EQ(create(file_).disposition, 1U);
+    EXPECT_EQ(create(file_).disposition, 2U);
+    EXPECT_EQ(create(file_, currentUser).status, RegistryStatus::accessDenied);
+    RegFile nowhere(path_ + "/below a file.reg");
+    EXPECT_EQ(create(nowhere).status, RegistryStatus::accessDenied);
 
-TEST_F(RegFileTest, AKeyOpenedForReadingIsNotWritten) {
-    lay("[HKEY_LOCAL_MACHINE\\Software\\Klopfmeise]\r\n\"Pin\"=\"7294\"\r\n");
-    const auto opened = file_.open(RegFile::localMachine, key_, RegFile::readAccess);
-    EXPECT_EQ(file_.set(opened.handle, "Pin", {Type::string, "1"}), RegistryStatus::accessDenied);
-    EXPECT_EQ(file_.close(opened.handle), RegistryStatus::success);
-    EXPECT_EQ(file_.close(opened.handle), RegistryStatus::invalidHandle);
-    EXPECT_EQ(read("Pin"), Content(Type::string, "7294\0"s));
+    const auto opened = open(RegFile::readAccess);
+    EXPECT_EQ(file_.set(opened, "Pin", {Type::string, "1"}), RegistryStatus::accessDenied);
+    EXPECT_EQ(file_.close(opened), RegistryStatus::success);
+    EXPECT_EQ(file_.close(opened), RegistryStatus::invalidHandle);
+    EXPECT_EQ(dateiinhalt(path_), "Windows Registry Editor Version 5.00\r\n\r\n" + keyLine);
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 #include "tests/platform/machine/troubles.h"
 
-#include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
@@ -31,12 +30,10 @@ bool meets(Call call, std::string_view path) {
 }
 
 bool meets(Call call, int descriptor) {
-    if (trouble.call != call)
-        return false;
-    std::array<char, 4096> path{};
-    const std::string link = "/proc/self/fd/" + std::to_string(descriptor);
-    const ssize_t length = ::readlink(link.c_str(), path.data(), path.size());
-    return length > 0 && meets(call, std::string_view(path.data(), static_cast<std::size_t>(length)));
+    std::error_code none;
+    return trouble.call == call &&
+           meets(call,
+                 std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(descriptor), none).string());
 }
 
 } // namespace
@@ -53,8 +50,6 @@ FileSizeLimit::FileSizeLimit(rlim_t bytes) {
     const rlimit limit{bytes, before_.rlim_max};
     ::setrlimit(RLIMIT_FSIZE, &limit);
 }
-
-FileSizeLimit::~FileSizeLimit() { ::setrlimit(RLIMIT_FSIZE, &before_); }
 
 bool setAccess(const std::filesystem::path& path, const std::vector<Access>& entries, bool handedOn) {
     std::string bytes("\2\0\0\0", 4);
@@ -77,23 +72,22 @@ void removeAccess(const std::filesystem::path& path) {
 extern "C" {
 
 int fsync(int descriptor) {
-    using namespace klopfmeise;
-    return meets(Call::flush, descriptor) ? -1 : static_cast<int>(::syscall(SYS_fsync, descriptor));
+    return klopfmeise::meets(klopfmeise::Call::flush, descriptor)
+               ? -1
+               : static_cast<int>(::syscall(SYS_fsync, descriptor));
 }
 
 int close(int descriptor) {
-    using namespace klopfmeise;
-    const bool fails = meets(Call::close, descriptor);
+    const bool fails = klopfmeise::meets(klopfmeise::Call::close, descriptor);
     const auto result = static_cast<int>(::syscall(SYS_close, descriptor));
     if (fails)
-        errno = trouble.error;
+        errno = klopfmeise::trouble.error;
     return fails ? -1 : result;
 }
 
 int rename(const char* from, const char* to) noexcept {
-    using namespace klopfmeise;
-    return meets(Call::rename, to)
-               ? -1
-               : static_cast<int>(::syscall(SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0));
+    if (klopfmeise::meets(klopfmeise::Call::rename, to))
+        return -1;
+    return static_cast<int>(::syscall(SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0));
 }
 }

@@ -19,17 +19,15 @@ public:
     /// `error` is an errno. Only files below `folder` are met.
     FailingCall(Call call, int error, std::string folder);
     ~FailingCall();
-    FailingCall(const FailingCall&) = delete;
-    FailingCall& operator=(const FailingCall&) = delete;
+    FailingCall(FailingCall&&) = delete;
 };
 
 /// No file grows beyond `bytes`: what is written across that border is cut there, as on a full disk.
 class FileSizeLimit {
 public:
     explicit FileSizeLimit(rlim_t bytes);
-    ~FileSizeLimit();
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+    ~FileSizeLimit() { ::setrlimit(RLIMIT_FSIZE, &before_); }
+    FileSizeLimit(FileSizeLimit&&) = delete;
 
 private:
     rlimit before_{};
@@ -40,8 +38,7 @@ public:
     explicit Umask(mode_t mask)
         : before_(::umask(mask)) {}
     ~Umask() { ::umask(before_); }
-    Umask(const Umask&) = delete;
-    Umask& operator=(const Umask&) = delete;
+    Umask(Umask&&) = delete;
 
 private:
     mode_t before_;

@@ -1,60 +1,13 @@
 #include "platform/richtext/rtf.h"
-#include "platform/values/text.h"
 
-#include <array>
-#include <fstream>
 #include <iostream>
 #include <iterator>
 #include <string>
 
-// rtf_probe write TEXT RTF: a text file becomes RTF, with fonts, colours and alignments in turn
-// rtf_probe read RTF TEXT: the plain text of a document, in UTF-8
+// rtf_probe <RTF >RTF: reads a document and writes it again
 
-namespace {
-
-using namespace klopfmeise;
-
-/// Each word gets a format of its own and each paragraph an alignment, so that every part of the writer is
-/// used.
-RtfDocument styledInTurn(const RtfDocument& plain) {
-    static constexpr std::array<std::uint32_t, 3> colors{0x000000, 0xC00000, 0x0000C8};
-    RtfDocument result;
-    unsigned paragraphCount = 0;
-    unsigned wordCount = 0;
-    for (const RtfParagraph& paragraph : plain.paragraphs) {
-        RtfParagraph styled{{}, static_cast<RtfAlignment>(paragraphCount++ % 4)};
-        for (const RtfRun& run : paragraph.runs)
-            for (const wchar_t character : run.text) {
-                if (styled.runs.empty() || character == L' ') {
-                    const unsigned n = wordCount++;
-                    styled.runs.push_back(
-                        {{},
-                         {n % 5 < 3 ? L"Courier New" : L"Arial", 24 + static_cast<int>(n % 4), n % 2 == 1,
-                          n % 3 == 1, n % 4 == 1, colors[n % 3]}});
-                }
-                styled.runs.back().text += character;
-            }
-        result.paragraphs.push_back(std::move(styled));
-    }
-    return result;
-}
-
-} // namespace
-
-int main(int count, char** arguments) {
-    const std::vector<std::string> words(arguments, arguments + count);
-    if (words.size() != 4 || (words[1] != "write" && words[1] != "read")) {
-        std::cerr << "rtf_probe write|read INPUT OUTPUT\n";
-        return 2;
-    }
-    std::ifstream input(words[2], std::ios::binary);
-    const std::string bytes{std::istreambuf_iterator<char>(input), {}};
-    if (!input) {
-        std::cerr << words[2] << ": cannot be read\n";
-        return 1;
-    }
-    const RtfDocument document = readRtf(bytes).document;
-    std::ofstream output(words[3], std::ios::binary);
-    output << (words[1] == "write" ? writeRtf(styledInTurn(document)) : toUtf8(document.plainText()));
-    return output.flush() ? 0 : 1;
+int main() {
+    const std::string bytes{std::istreambuf_iterator<char>(std::cin), {}};
+    std::cout << klopfmeise::writeRtf(klopfmeise::readRtf(bytes).document);
+    return std::cout.flush() ? 0 : 1;
 }
