@@ -69,11 +69,15 @@ Bühne::Bühne(Files* dateien)
 
 void Bühne::start() { runtime.show(L"frmStart"); }
 
+void Bühne::anmelden() {
+    user.click(L"LblGruppe", 0);
+    user.pressRow(control<FileList>(L"File1"), 0);
+}
+
 void Bühne::zurÜbung(int nummer) {
     if (aktiv().empty())
         start();
-    user.click(L"LblGruppe", 0);
-    user.pressRow(control<FileList>(L"File1"), 0);
+    anmelden();
     user.click(L"cmdÜbung", nummer);
 }
 
@@ -112,6 +116,13 @@ std::wstring Bühne::aktiv() const { return runtime.active() ? std::wstring(runt
 
 std::wstring Bühne::caption(std::wstring_view name, int index) {
     return control<Label>(name, index).caption();
+}
+
+std::wstring Bühne::captions(std::initializer_list<std::wstring_view> namen) {
+    std::wstring alle;
+    for (const std::wstring_view name : namen)
+        alle += L"|" + caption(name);
+    return alle.substr(1);
 }
 
 } // namespace klopfmeise

@@ -7,6 +7,7 @@
 #include "store/kontodatei.h"
 
 #include <filesystem>
+#include <initializer_list>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -44,6 +45,8 @@ public:
 
     /// Starts the process: splash, folder test, title page.
     void start();
+    /// Class and child on the title page.
+    void anmelden();
     /// From the title page to an exercise of the menu by its number.
     void zurÜbung(int nummer);
     /// Sets the globals as the title page would for class and child.
@@ -69,6 +72,8 @@ public:
         return *found;
     }
     std::wstring caption(std::wstring_view name, int index = Control::noIndex);
+    /// The captions of these labels, a bar between two.
+    std::wstring captions(std::initializer_list<std::wstring_view> namen);
 
     Wegwerfordner ordner;
     PosixFiles echteDateien;

@@ -39,6 +39,15 @@ protected:
         b.backend.duringWait = nullptr;
         return gesehen;
     }
+    /// The waits while these keys are held down until they repeat.
+    Pausen gehalten(const std::vector<int>& codes) {
+        const Pausen gesehen = pausen([&] {
+            b.user.keyDown(codes);
+            b.user.keyDown(codes);
+        });
+        b.user.keyUp();
+        return gesehen;
+    }
     /// The sounds of one stroke, in order.
     Klänge klänge(wchar_t zeichen) {
         b.sound.played.clear();
@@ -62,6 +71,21 @@ protected:
         dateiSchreiben(b.daten() / "Data" / "Texte" / "Text_001.txt", text);
         b.öffnen(L"Textübung0");
     }
+    /// A key, and what it brings: sounds, the place of the cursor, the number of errors.
+    struct Schritt {
+        wchar_t taste;
+        Klänge klänge;
+        int pos;
+        int fehler;
+    };
+    void spielen(const std::vector<Schritt>& schritte) {
+        for (std::size_t i = 0; i < schritte.size(); ++i) {
+            SCOPED_TRACE(i);
+            EXPECT_EQ(klänge(schritte[i].taste), schritte[i].klänge);
+            EXPECT_EQ(pos(), schritte[i].pos);
+            EXPECT_EQ(b.caption(L"lblFehler"), std::to_wstring(schritte[i].fehler));
+        }
+    }
     Label& zelle(int i) { return b.control<Label>(L"lbl", i); }
     /// Place of the cursor: the one cell in a cursor's colour.
     int pos() {
@@ -71,6 +95,9 @@ protected:
     }
     /// The cursor's colour of the moment, of the two between which it blinks.
     bool cursorHell() { return zelle(pos()).back() == colors::panel; }
+
+    const Klänge knopf{L"knopf.wav"};
+    const Klänge falsch{L"falsch.wav"};
 };
 
 } // namespace klopfmeise

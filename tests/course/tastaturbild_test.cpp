@@ -24,21 +24,13 @@ TEST_F(Tastenblitze, APressedKeyShowsItsFrameForATenthOfASecondAndClicks) {
 }
 
 TEST_F(Tastenblitze, AHeldKeyWithoutACharacterFlashesOnceAndSilently) {
-    const auto halten = [&](const std::vector<int>& codes) {
-        const auto gesehen = pausen([&] {
-            b.user.keyDown(codes);
-            b.user.keyDown(codes);
-        });
-        b.user.keyUp();
-        return gesehen;
-    };
-    EXPECT_EQ(halten({16}), (Pausen{{100, {42, 54}}}));
-    EXPECT_EQ(halten({17}), (Pausen{{100, {55, 59}}}));
+    EXPECT_EQ(gehalten({16}), (Pausen{{100, {42, 54}}}));
+    EXPECT_EQ(gehalten({17}), (Pausen{{100, {55, 59}}}));
     // Both codes of Alt Gr pass the gate together.
-    EXPECT_EQ(halten({17, 18}), (Pausen{{100, {55, 56, 59}}}));
-    EXPECT_EQ(halten({9}), (Pausen{{100, {15}}}));
-    EXPECT_EQ(halten({20}), (Pausen{{100, {29}}}));
-    EXPECT_EQ(halten({65}), Pausen{});
+    EXPECT_EQ(gehalten({17, 18}), (Pausen{{100, {55, 56, 59}}}));
+    EXPECT_EQ(gehalten({9}), (Pausen{{100, {15}}}));
+    EXPECT_EQ(gehalten({20}), (Pausen{{100, {29}}}));
+    EXPECT_EQ(gehalten({65}), Pausen{});
     EXPECT_TRUE(b.sound.played.empty());
 }
 

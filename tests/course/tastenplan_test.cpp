@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
 #include <string>
 
 namespace klopfmeise {
@@ -30,23 +29,16 @@ TEST(Tastenplan, ZeichenLiegenAufTasteUndFinger) {
     std::size_t zeichenzahl = 0;
     for (const Griff& griff : griffe)
         for (const wchar_t z : griff.zeichen) {
+            SCOPED_TRACE(static_cast<int>(z));
             ++zeichenzahl;
-            EXPECT_EQ(tasteFür(z), griff.taste) << "Zeichen " << static_cast<int>(z);
-            EXPECT_EQ(tasteFürZeichencode(z), griff.taste) << "Zeichen " << static_cast<int>(z);
-            EXPECT_EQ(fingerFür(griff.taste), griff.finger) << "Taste " << griff.taste;
+            EXPECT_EQ(tasteFür(z), griff.taste);
+            EXPECT_EQ(tasteFürZeichencode(z), griff.taste);
+            EXPECT_EQ(fingerFür(griff.taste), griff.finger);
         }
-
     std::size_t imPlan = 0;
     for (const Taste& t : tasten())
         imPlan += t.zeichen.size();
-    EXPECT_EQ(imPlan, zeichenzahl) << "mehr Zeichen im Plan als hier genannt";
-}
-
-TEST(Tastenplan, KeinZeichenAufZweiTasten) {
-    std::map<wchar_t, int> gesehen;
-    for (const Taste& t : tasten())
-        for (const wchar_t z : t.zeichen)
-            EXPECT_TRUE(gesehen.emplace(z, t.nummer).second) << "Tasten " << gesehen[z] << ", " << t.nummer;
+    EXPECT_EQ(imPlan, zeichenzahl) << "ein Zeichen auf zwei Tasten, oder hier nicht genannt";
 }
 
 TEST(Tastenplan, WasKeineTasteHat) {
@@ -55,32 +47,20 @@ TEST(Tastenplan, WasKeineTasteHat) {
     EXPECT_EQ(tasteFürZeichencode(L'"'), 0);
     EXPECT_EQ(tasteFürZeichencode(8), 14);
     EXPECT_EQ(tasteFürZeichencode(13), 28);
-    EXPECT_THROW(taste(0), std::out_of_range);
-    EXPECT_THROW(taste(60), std::out_of_range);
+    for (const int keine : {0, 60})
+        EXPECT_THROW(taste(keine), std::out_of_range);
     EXPECT_TRUE(fingerFür(42).empty());
-}
-
-bool schneiden(const Rect& a, const Rect& b) {
-    return a.left < b.left + b.width && b.left < a.left + a.width && a.top < b.top + b.height &&
-           b.top < a.top + a.height;
 }
 
 TEST(Tastenplan, TheKeysFillTheirRowsFromEdgeToEdge) {
     for (const Taste& a : tasten())
         for (const Taste& b : tasten())
-            EXPECT_EQ(schneiden(a.lage, b.lage), &a == &b) << "Tasten " << a.nummer << " und " << b.nummer;
+            EXPECT_EQ(a.lage.intersected(b.lage).empty(), &a != &b)
+                << "Tasten " << a.nummer << " und " << b.nummer;
     for (const int erste : {1, 15, 29, 42, 55})
         EXPECT_EQ(taste(erste).lage.left, taste(1).lage.left) << erste;
     for (const int letzte : {14, 28, 54, 59})
         EXPECT_EQ(taste(letzte).lage.right(), taste(14).lage.right()) << letzte;
-}
-
-TEST(Tastenplan, FingerbilderLiegenNebeneinander) {
-    for (int a = 1; a <= Fingerzahl; ++a)
-        for (int b = a + 1; b <= Fingerzahl; ++b)
-            EXPECT_EQ(schneiden(fingerbild(a), fingerbild(b)), a == 5 && b == 6) << a << " und " << b;
-    EXPECT_THROW(fingerbild(0), std::out_of_range);
-    EXPECT_THROW(fingerbild(11), std::out_of_range);
 }
 
 } // namespace

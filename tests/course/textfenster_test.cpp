@@ -3,62 +3,60 @@
 namespace klopfmeise {
 namespace {
 
-class Textlauf : public Laufbühne {};
+class Textlauf : public Laufbühne {
+protected:
+    /// Place of the cell that is the `spalte`-th of the `zeile`-th line.
+    static Rect platz(int zeile, int spalte) { return {165 * spalte, 105 + 340 * (zeile - 1), 165, 330}; }
+};
 
 TEST_F(Textlauf, LinesBreakBehindTheLastBlankAndHold63Cells) {
-    // 60 letters, a blank, a word that would reach the margin.
-    fliesstextÖffnen(std::string(60, 'a') + " bcde f");
-    EXPECT_EQ(zelle(1).left(), 165);
-    EXPECT_EQ(zelle(1).top(), 105);
-    EXPECT_EQ(zelle(61).caption(), L" ");
-    EXPECT_EQ(zelle(61).top(), 105);
-    EXPECT_EQ(zelle(62).place(), (Rect{165, 445, 165, 330}));
-    EXPECT_EQ(zelle(67).left(), 165 + 5 * 165);
-    // The closing cell.
-    EXPECT_EQ(zelle(68).caption(), L" ");
-
-    const auto platz = [](const std::string& text, int i) {
-        Bühne anders;
-        anders.lektion(1, "Fließtext", {text});
-        anders.öffnen(L"Tastatur2");
-        return anders.control<Label>(L"lbl", i).place();
+    struct Fall {
+        std::string text;
+        std::map<int, Rect> zellen;
     };
-    // A word wider than a line breaks at the margin.
-    const std::string breit = "ab " + std::string(130, 'x');
-    EXPECT_EQ(platz(breit, 4), (Rect{165, 445, 165, 330}));
-    EXPECT_EQ(platz(breit, 4 + 62).right(), 10560);
-    EXPECT_EQ(platz(breit, 4 + 63), (Rect{165, 785, 165, 330}));
-    // The only blank is the first cell.
-    EXPECT_EQ(platz(" " + std::string(63, 'x'), 2), (Rect{165, 445, 165, 330}));
+    const std::string wort(130, 'x');
+    const Fall fälle[]{
+        // A word that would reach the margin, and the closing cell.
+        {std::string(60, 'a') + " bcde f",
+         {{1, platz(1, 1)}, {61, platz(1, 61)}, {62, platz(2, 1)}, {67, platz(2, 6)}, {68, platz(2, 7)}}},
+        // A word wider than a line breaks at the margin.
+        {"ab " + wort, {{4, platz(2, 1)}, {66, platz(2, 63)}, {67, platz(3, 1)}}},
+        // The only blank is the first cell.
+        {" " + wort.substr(0, 63), {{2, platz(2, 1)}}},
+    };
+    for (const auto& [text, zellen] : fälle) {
+        fliesstextÖffnen(text);
+        for (const auto& [i, wo] : zellen)
+            EXPECT_EQ(zelle(i).place(), wo) << text << i;
+        b.runtime.unload(*b.runtime.active());
+    }
 }
 
 TEST_F(Textlauf, TheCellOfALineEndNeedsItsPlaceInTheLineToo) {
     // 58 letters, a blank and a word that ends in cell 63: its line end would be the 64th.
     textÖffnen("{\\rtf1\\ansi " + std::string(58, 'a') + " bcde\\par f}");
-    EXPECT_EQ(zelle(59).place(), (Rect{165 + 58 * 165, 105, 165, 330}));
-    EXPECT_EQ(zelle(60).place(), (Rect{165, 445, 165, 330}));
-    EXPECT_EQ(zelle(64).font().name, wingdings);
-    EXPECT_EQ(zelle(64).place(), (Rect{165 + 4 * 165, 445, 165, 330}));
-    EXPECT_EQ(zelle(66).top(), 785);
+    EXPECT_EQ(zelle(59).place(), platz(1, 59));
+    EXPECT_EQ(zelle(60).place(), platz(2, 1));
+    EXPECT_EQ(zelle(64).place(), platz(2, 5));
+    EXPECT_EQ(zelle(66).place(), platz(3, 1));
 }
 
 TEST_F(Textlauf, TheTextScrollsByLinesBothWaysAndTheCursorStandsStillWithoutTime) {
-    std::string text;
+    std::wstring text;
     for (int i = 0; i < 6; ++i)
-        text += std::string(62, static_cast<char>('a' + i)) + " ";
-    fliesstextÖffnen(text + "z");
-    for (int i = 0; i < 4 * 63; ++i)
-        b.user.type(static_cast<wchar_t>(text[static_cast<std::size_t>(i)]));
+        text += std::wstring(62, static_cast<wchar_t>(L'a' + i)) + L" ";
+    fliesstextÖffnen(std::string(text.begin(), text.end()) + "z");
+    b.user.type(text.substr(0, 4 * 63));
     b.user.pass(50);
-    EXPECT_EQ(zelle(4 * 63 + 1).top(), 105 + 3 * 340);
-    EXPECT_EQ(zelle(1).top(), 105 - 340);
-    for (int i = 0; i < 3 * 63 + 1; ++i)
-        b.user.type(L'\b');
+    EXPECT_EQ(zelle(4 * 63 + 1).place(), platz(4, 1));
+    EXPECT_EQ(zelle(1).place(), platz(0, 1));
+    b.user.type(std::wstring(3 * 63 + 1, L'\b'));
     b.user.pass(50);
-    EXPECT_EQ(zelle(1).top(), 105);
-    EXPECT_EQ(zelle(pos()).back(), colors::midGrey);
-    b.user.pass(1000);
-    EXPECT_EQ(zelle(pos()).back(), colors::midGrey);
+    EXPECT_EQ(zelle(1).place(), platz(1, 1));
+    for (const int pause : {0, 1000}) {
+        b.user.pass(pause);
+        EXPECT_EQ(zelle(pos()).back(), colors::midGrey);
+    }
 }
 
 } // namespace

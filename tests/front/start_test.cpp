@@ -6,8 +6,20 @@
 namespace klopfmeise {
 namespace {
 
-TEST(Start, HandsOverToTheTitlePageInFrontOfTheBackdrop) {
+class Start : public ::testing::Test {
+protected:
+    /// Starts, and expects that it ends with this message.
+    void erwarteEnde(MessageIcon zeichen, std::wstring_view titel, const std::wstring& text) {
+        b.start();
+        erwarteMeldung(b, zeichen, titel, text);
+        EXPECT_TRUE(b.backend.quitAsked);
+        EXPECT_FALSE(b.runtime.loaded(L"Lern1"));
+    }
+
     Bühne b;
+};
+
+TEST_F(Start, HandsOverToTheTitlePageInFrontOfTheBackdrop) {
     dateiSchreiben(b.daten() / "lzf75.tst", "von gestern, länger als das Neue");
     b.start();
     EXPECT_EQ(b.aktiv(), L"Lern1");
@@ -15,64 +27,48 @@ TEST(Start, HandsOverToTheTitlePageInFrontOfTheBackdrop) {
     EXPECT_FALSE(b.runtime.loaded(L"frmStart"));
     EXPECT_TRUE(b.backend.messages.empty());
     EXPECT_EQ(b.global.Programmpfad, L"\\opt\\klopfmeise\\");
-    EXPECT_EQ(dateiinhalt(b.daten() / "lzf75.tst").substr(0, 6), std::string("\x04\x00Test", 6));
+    // Put in place anew: a full disk would still take six bytes in a file that is there.
+    EXPECT_EQ(dateiinhalt(b.daten() / "lzf75.tst"), std::string("\x04\x00Test", 6));
 }
 
-TEST(Start, ASecondInstanceEndsAtOnce) {
-    Bühne b;
+TEST_F(Start, ASecondInstanceEndsAtOnce) {
     b.shell.second = true;
-    b.start();
-    erwarteMeldung(b, MessageIcon::none, L"Klopfmeise",
-                   L"KLOPFMEISE kann nur einmal gestartet werden. Da diese KLOPFMEISE-Anwendung bereits die "
-                   L"zweite ist, wird diese jetzt automatisch beendet.");
-    EXPECT_TRUE(b.backend.quitAsked);
-    EXPECT_FALSE(b.runtime.loaded(L"Lern1"));
+    erwarteEnde(MessageIcon::none, L"Klopfmeise", L"KLOPFMEISE kann nur einmal gestartet werden. …");
 }
 
-TEST(Start, ARefusedFolderLeadsToTheFolderScreenAndItsCloseEndsTheProcess) {
-    for (const char* fehlt : {"Gruppen/kme.ein", "Data/Tastatur/Lektion1.bmp", "Data/Texte/Text_001.txt"}) {
-        SCOPED_TRACE(fehlt);
-        Bühne b;
-        std::filesystem::remove(b.daten() / fehlt);
-        b.start();
-        erwarteMeldung(b, MessageIcon::stop, unzulässig,
-                       L"Der eingestellte Ordner '" + fromUtf8(b.daten().string()) + L"/" + ablageregeln);
-        EXPECT_EQ(b.aktiv(), L"frmPfad");
-        EXPECT_FALSE(b.runtime.loaded(L"frmTemp") || b.runtime.loaded(L"frmStart"));
-        EXPECT_FALSE(b.backend.quitAsked);
-        b.user.close(*b.runtime.active());
-        EXPECT_TRUE(b.backend.quitAsked);
-    }
-    Bühne b;
-    b.registry.values.clear();
-    b.start();
-    erwarteMeldung(b, MessageIcon::stop, unzulässig, L"Der eingestellte Ordner '/" + ablageregeln);
-    EXPECT_EQ(b.aktiv(), L"frmPfad");
-    EXPECT_EQ(b.global.Datenpfad, L"\\");
-}
-
-TEST(Start, AFolderThatCannotBeWrittenEndsTheProcess) {
-    Bühne b;
+TEST_F(Start, AFolderThatCannotBeWrittenEndsTheProcess) {
     // A folder in the place of the test file refuses the write for the administrator too.
     std::filesystem::create_directory(b.daten() / "lzf75.tst");
-    b.start();
-    erwarteMeldung(
-        b, MessageIcon::stop, L"Hinweis zur Datenablage",
-        L"Schreibrecht für Datenablage nicht gegeben!\n\nDer momentan angemeldete Windows-Benutzer kann "
-        L"innerhalb des aktuell eingestellten Datenablage-Ordners '" +
-            fromUtf8(b.daten().string()) +
-            L"/' nicht schreiben. Entweder ist dieser Ordner schreibgeschützt, oder er ist für den "
-            L"Schreibzugriff im Netzwerk nicht freigegeben, oder der momentan angemeldete Benutzer verfügt "
-            L"nicht über die nötige Schreib-Berechtigung in diesem Ordner.\n\nKLOPFMEISE wird jetzt "
-            L"beendet. Sie sollten sich anschließend als Administrator neu unter Windows anmelden und danach "
-            L"KLOPFMEISE erneut starten, um dann die Datenablage im Lehrkraft-Modus von KLOPFMEISE neu "
-            L"einstellen zu können.");
-    EXPECT_TRUE(b.backend.quitAsked);
-    EXPECT_FALSE(b.runtime.loaded(L"Lern1"));
+    erwarteEnde(MessageIcon::stop, L"Hinweis zur Datenablage",
+                L"Schreibrecht für Datenablage nicht gegeben!\n\nDer momentan angemeldete Windows-Benutzer "
+                L"kann innerhalb des aktuell eingestellten Datenablage-Ordners '" +
+                    fromUtf8(b.daten().string()) + L"/' nicht schreiben. …");
 }
 
-TEST(Start, AScreenThatIsNotThereLeavesTheOldOneStanding) {
-    Bühne b;
+TEST_F(Start, ARefusedFolderLeadsToTheFolderScreenAndItsCloseEndsTheProcess) {
+    // "" stands for a folder that was never set.
+    for (const char* fehlt :
+         {"", "Gruppen/kme.ein", "Data/Tastatur/Lektion1.bmp", "Data/Texte/Text_001.txt"}) {
+        SCOPED_TRACE(fehlt);
+        Bühne ohne;
+        const bool gesetzt = *fehlt;
+        if (gesetzt)
+            std::filesystem::remove(ohne.daten() / fehlt);
+        else
+            ohne.registry.values.clear();
+        ohne.start();
+        const std::wstring ordner = gesetzt ? fromUtf8(ohne.daten().string()) + L"/" : L"/";
+        erwarteMeldung(ohne, MessageIcon::stop, unzulässig,
+                       L"Der eingestellte Ordner '" + ordner + ablageregeln);
+        EXPECT_EQ(ohne.aktiv(), L"frmPfad");
+        EXPECT_FALSE(ohne.runtime.loaded(L"frmTemp") || ohne.runtime.loaded(L"frmStart"));
+        EXPECT_FALSE(ohne.backend.quitAsked);
+        ohne.user.close(*ohne.runtime.active());
+        EXPECT_TRUE(ohne.backend.quitAsked);
+    }
+}
+
+TEST_F(Start, AScreenThatIsNotThereLeavesTheOldOneStanding) {
     b.zurÜbung(3);
     EXPECT_EQ(b.aktiv(), L"Lern1");
     EXPECT_EQ(b.backend.messages.size(), 1U);

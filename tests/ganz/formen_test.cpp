@@ -1,11 +1,11 @@
 #include "platform/controls/drawn.h"
+#include "platform/values/text.h"
 #include "tests/buehne.h"
 
 #include <gtest/gtest.h>
+#include <map>
 #include <regex>
 #include <set>
-
-#include "platform/values/text.h"
 
 namespace klopfmeise {
 namespace {
@@ -21,16 +21,13 @@ bool zeichnungDa(const std::wstring& name) {
     return fs::exists(fs::path(KLOPFMEISE_QUELLEN) / "assets" / (toUtf8(name) + ".svg"));
 }
 
-void textPasst(const Label& label, const std::wstring& name) {
+bool textPasst(const Label& label) {
     if (label.caption().empty() || label.autoSize() || label.font().points < 6)
-        return;
-    const TextSize eine = sizeOf(label.caption(), label.font());
-    if (!label.wrap()) {
-        EXPECT_LE(eine.width, label.width() + 15) << toUtf8(name);
-        return;
-    }
+        return true;
+    if (!label.wrap())
+        return sizeOf(label.caption(), label.font()).width <= label.width() + 15;
     const int zeilen = wrappedLines(label.caption(), label.font(), label.width());
-    EXPECT_LE(zeilen * metricsOf(label.font()).lineHeight, label.height() + 15) << toUtf8(name);
+    return zeilen * metricsOf(label.font()).lineHeight <= label.height() + 15;
 }
 
 void prüfen(const Container& container, int breite, int höhe, const std::wstring& form,
@@ -38,26 +35,22 @@ void prüfen(const Container& container, int breite, int höhe, const std::wstri
     for (std::size_t i = 0; i < container.controlCount(); ++i) {
         Control& control = container.control(i);
         const std::wstring name = form + L"." + control.fullName();
-        EXPECT_TRUE(namen.insert(control.fullName()).second) << "twice: " << toUtf8(name);
+        SCOPED_TRACE(toUtf8(name));
+        EXPECT_TRUE(namen.insert(name).second) << "twice";
+        // A border of two pixels may stand over the edge.
+        const Rect innen = control.place().intersected({0, 0, breite, höhe});
         // The upper rows of the shaft are never seen.
         const bool ungesehen = control.kind() == Kind::shape && !control.visible();
-        if (!frei.contains(name) && !ungesehen) {
-            const Rect innen = control.place().intersected({0, 0, breite, höhe});
-            // A border of two pixels may stand over the edge.
-            EXPECT_TRUE(control.width() - innen.width <= 30 && control.height() - innen.height <= 30)
-                << toUtf8(name);
-        }
-        if (const auto* label = dynamic_cast<const Label*>(&control))
-            textPasst(*label, name);
+        EXPECT_TRUE(ungesehen || frei.contains(name) ||
+                    (control.width() - innen.width <= 30 && control.height() - innen.height <= 30));
+        const auto* label = dynamic_cast<const Label*>(&control);
+        EXPECT_TRUE(!label || textPasst(*label));
+        bool vorzulesen = control.windowed() && !control.asContainer() && control.visible();
         if (const auto* bild = dynamic_cast<const Picture*>(&control); bild && !bild->picture().file) {
-            EXPECT_TRUE(bild->picture().empty() || zeichnungDa(bild->picture().name)) << toUtf8(name);
-            if (bild->click() || bild->mouseDown()) {
-                EXPECT_FALSE(bild->spokenName().empty()) << "nothing to read out: " << toUtf8(name);
-            }
+            EXPECT_TRUE(bild->picture().empty() || zeichnungDa(bild->picture().name));
+            vorzulesen = vorzulesen || bild->click() || bild->mouseDown();
         }
-        if (control.windowed() && !control.asContainer() && control.visible()) {
-            EXPECT_FALSE(control.spokenName().empty()) << "nothing to read out: " << toUtf8(name);
-        }
+        EXPECT_FALSE(vorzulesen && control.spokenName().empty());
         if (const Container* innerer = control.asContainer())
             prüfen(*innerer, control.width(), control.height(), form, namen);
     }
@@ -69,41 +62,35 @@ TEST(Formen, EachLoadsAndItsControlsAreNamedOnceInsideTheirContainerAndTheirText
     b.öffnen(L"Lern1");
     for (const std::wstring_view name : b.runtime.names()) {
         // The splash would start the whole program.
-        Form* form = name == L"frmStart" ? nullptr : b.runtime.load(name);
         if (name == L"frmStart")
             continue;
-        ASSERT_TRUE(form) << toUtf8(name);
+        SCOPED_TRACE(toUtf8(name));
+        Form* form = b.runtime.load(name);
+        ASSERT_TRUE(form);
         EXPECT_EQ(form->name(), name);
-        EXPECT_TRUE(name == L"frmAbbildung" || std::abs(2 * form->left() + form->width() - 12000) < 2)
-            << toUtf8(name);
-        if (!form->look().picture.empty()) {
-            EXPECT_TRUE(zeichnungDa(form->look().picture)) << toUtf8(name);
-        }
+        EXPECT_TRUE(name == L"frmAbbildung" || std::abs(2 * form->left() + form->width() - 12000) < 2);
+        EXPECT_TRUE(form->look().picture.empty() || zeichnungDa(form->look().picture));
         std::set<std::wstring> namen;
         prüfen(*form, form->width(), form->height(), std::wstring(name), namen);
     }
 }
 
 TEST(Formen, EverySoundAndPictureThatTheCodeNamesIsThere) {
-    const std::regex klang("L\"([^\"]+\\.wav)\"");
-    const std::regex bild("L\"((?:knopf|uebung|hintergrund|einst)_[a-z0-9_]+)\"");
-    int klänge = 0;
-    int bilder = 0;
-    for (const char* raum : {"screens", "front", "course", "games", "teacher"}) {
+    const std::regex benannt("L\"([^\"]+\\.wav|(?:knopf|uebung|hintergrund|einst)_[a-z0-9_]+)\"");
+    std::map<bool, int> zahl;
+    for (const char* raum : {"screens", "front", "course", "games", "teacher"})
         for (const auto& eintrag : fs::directory_iterator(fs::path(KLOPFMEISE_QUELLEN) / raum)) {
             const std::string quelle = dateiinhalt(eintrag.path());
-            for (std::sregex_iterator it(quelle.begin(), quelle.end(), klang), ende; it != ende;
-                 ++it, ++klänge)
-                EXPECT_TRUE(fs::exists(fs::path(KLOPFMEISE_WAV) / it->str(1)))
-                    << it->str(1) << " in " << eintrag.path();
-            for (std::sregex_iterator it(quelle.begin(), quelle.end(), bild), ende; it != ende; ++it) {
-                ++bilder;
-                EXPECT_TRUE(zeichnungDa(fromUtf8(it->str(1)))) << it->str(1) << " in " << eintrag.path();
+            for (std::sregex_iterator it(quelle.begin(), quelle.end(), benannt), ende; it != ende; ++it) {
+                const std::string name = it->str(1);
+                const bool klang = name.ends_with(".wav");
+                ++zahl[klang];
+                EXPECT_TRUE(klang ? fs::exists(fs::path(KLOPFMEISE_WAV) / name) : zeichnungDa(fromUtf8(name)))
+                    << name << " in " << eintrag.path();
             }
         }
-    }
-    EXPECT_GT(klänge, 5);
-    EXPECT_GT(bilder, 20);
+    EXPECT_GT(zahl[true], 5);
+    EXPECT_GT(zahl[false], 20);
 }
 
 } // namespace

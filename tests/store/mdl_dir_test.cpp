@@ -12,9 +12,8 @@ namespace {
 TEST(mdlDir, FindsMarkersWithoutRegardToCaseAndRefusesARoot) {
     Wegwerfordner ordner;
     PosixFiles dateien;
-    dateiSchreiben(ordner.pfad() / "gruppen" / "KME.EIN", "x");
-    dateiSchreiben(ordner.pfad() / "Data" / "Tastatur" / "lektion1.bmp", "x");
-    dateiSchreiben(ordner.pfad() / "Data" / "Texte" / "Text_001.txt", "x");
+    for (const char* datei : {"gruppen/KME.EIN", "Data/Tastatur/lektion1.bmp", "Data/Texte/Text_001.txt"})
+        dateiSchreiben(ordner.pfad() / datei, "x");
     const std::wstring pfad = logikpfad(ordner.pfad()) + L"\\";
     EXPECT_TRUE(zulässigeDatenablage(dateien, pfad));
     EXPECT_FALSE(DateiVorhanden(dateien, pfad + L"Gruppen"));
@@ -27,15 +26,10 @@ TEST(mdlDir, FindsMarkersWithoutRegardToCaseAndRefusesARoot) {
 }
 
 TEST(mdlDir, BothFormsOfAStoredPathGiveTheSameFolder) {
-    Wegwerfordner ordner;
-    const std::string pfad = (ordner.pfad() / "maschine.reg").string();
+    Bühne b;
+    const std::string pfad = (b.ordner.pfad() / "maschine.reg").string();
     RegFile registry{pfad};
-    PosixFiles dateien;
-    ManualClock clock;
-    SeededRandom random;
-    RecordedSound sound;
-    ScriptedShell shell;
-    Services dienste{clock, random, sound, dateien, registry, shell};
+    Services dienste{b.clock, b.random, b.sound, b.echteDateien, registry, b.shell};
     for (const char* wert : {R"("C:\\Daten")", R"(hex(1):43,3a,5c,44,61,74,65,6e,5c)", R"("C:\\Daten\\")",
                              "hex(1):43,3a,5c,44,\\\r\n  61,74,65,6e,5c,00"}) {
         dateiSchreiben(pfad, "[HKEY_LOCAL_MACHINE\\Software\\Klopfmeise]\r\n\"Datenablage\"=" +
