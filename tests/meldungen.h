@@ -1,18 +1,16 @@
 #pragma once
 
-#include "tests/buehne.h"
+#include "tests/texte.h"
 
 #include <gtest/gtest.h>
 
 namespace klopfmeise {
 
-/// Expects that exactly this message box has been shown, with OK as its only button, and takes it away. What
-/// follows an ellipsis in `text` may be anything.
+/// Expects that exactly this message box has been shown, with OK as its only button, and takes it away.
 inline void erwarteMeldung(Bühne& b, MessageIcon zeichen, std::wstring_view titel, std::wstring_view text) {
     const std::vector<Message> gezeigt = std::exchange(b.backend.messages, {});
     ASSERT_EQ(gezeigt.size(), 1U);
-    const bool abgebrochen = text.ends_with(L"…");
-    EXPECT_EQ(abgebrochen ? gezeigt[0].text.substr(0, text.size() - 1) + L"…" : gezeigt[0].text, text);
+    EXPECT_EQ(gezeigt[0].text, text);
     EXPECT_EQ(gezeigt[0].title, titel);
     EXPECT_EQ(gezeigt[0].icon, zeichen);
     EXPECT_EQ(gezeigt[0].buttons, MessageButtons::ok);
@@ -20,6 +18,6 @@ inline void erwarteMeldung(Bühne& b, MessageIcon zeichen, std::wstring_view tit
 
 /// Title and end of the messages that refuse a data folder.
 inline constexpr std::wstring_view unzulässig = L"Kein zulässiger Ordner für die Datenablage";
-inline const std::wstring ablageregeln = L"' ist kein zulässiger Ordner für die Datenablage.\n\nFür eine …";
+inline const std::wstring ablageregeln = ganz(L"' ist kein zulässiger Ordner");
 
 } // namespace klopfmeise

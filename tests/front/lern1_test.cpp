@@ -4,7 +4,7 @@
 #include "platform/controls/ranges.h"
 #include "platform/controls/text_box.h"
 #include "platform/values/text.h"
-#include "tests/buehne.h"
+#include "tests/texte.h"
 
 #include <gtest/gtest.h>
 #include <set>
@@ -127,8 +127,7 @@ TEST_F(Titelseite, NoClassLeavesAnEmptyListAndAnEmptyClassItsHelp) {
     b.user.click(L"LblGruppe", 1);
     auto& hilfe = b.control<TextBox>(L"txtKeineKonten");
     EXPECT_TRUE(hilfe.visible());
-    EXPECT_TRUE(hilfe.text().starts_with(L"In der Klasse 'Leer\\' befinden sich keine Kinder-Konten!"));
-    EXPECT_NE(hilfe.text().find(L"anlegen möchten (z.B. 'Leer\\')."), std::wstring::npos);
+    EXPECT_EQ(hilfe.text(), ganz(L"In der Klasse"));
     b.user.click(L"cmdAllesZurück");
     b.user.click(L"LblGruppe", 0);
     EXPECT_FALSE(hilfe.visible());
