@@ -4,6 +4,7 @@
 #include "platform/values/windows1252.h"
 
 #include <bit>
+#include <cmath>
 #include <limits>
 
 namespace klopfmeise {
@@ -115,7 +116,10 @@ bool gleich(const Wert& wert, std::wstring_view text) {
     return eigen && *eigen == text;
 }
 
-Wert oderNull(const Wert& wert) { return gleich(wert, L"") ? Wert(std::int16_t{0}) : wert; }
+Wert oderNull(const Wert& wert) {
+    const auto zahl = zahlAus(wert);
+    return gleich(wert, L"") || (zahl && !std::isfinite(*zahl)) ? Wert(std::int16_t{0}) : wert;
+}
 
 std::wstring textAus(const Wert& wert, wchar_t dezimalzeichen) {
     if (const auto* text = std::get_if<std::wstring>(&wert))

@@ -24,7 +24,7 @@ std::optional<double> zahlAus(const Wert& wert);
 /// Empty equals 0 and the empty string; a number never equals the empty string.
 bool gleich(const Wert& wert, double zahl);
 bool gleich(const Wert& wert, std::wstring_view text);
-/// The value itself, or the Integer 0 where it is Empty or the empty string.
+/// The value itself, or the Integer 0 where it is Empty, the empty string or no finite number.
 Wert oderNull(const Wert& wert);
 /// The value as text, numbers in their shortest form.
 std::wstring textAus(const Wert& wert, wchar_t dezimalzeichen);

@@ -224,7 +224,18 @@ bool PosixFiles::makeFolder(const std::wstring& path) {
 }
 
 bool PosixFiles::removeFolder(const std::wstring& path) {
-    return ::rmdir(resolved(machinePath(path)).c_str()) == 0;
+    const std::string place = withoutEndSlash(resolved(machinePath(path)));
+    if (::rmdir(place.c_str()) == 0)
+        return true;
+    if (errno != ENOTEMPTY && errno != EEXIST)
+        return false;
+    // What a program that crashed in the middle of a replacement left behind, no list shows and nobody
+    // misses.
+    if (const Folder open(::opendir(place.c_str())); open)
+        while (const dirent* entry = ::readdir(open.get()))
+            if (std::string_view(entry->d_name).starts_with(draftBeginning))
+                ::unlink((place + "/" + entry->d_name).c_str());
+    return ::rmdir(place.c_str()) == 0;
 }
 
 bool PosixFiles::copyFile(const std::wstring& from, const std::wstring& to) {

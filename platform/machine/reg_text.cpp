@@ -46,11 +46,21 @@ bool isLineEnd(wchar_t c) { return c == L'\r' || c == L'\n'; }
 /// The key of a line "[HKEY_LOCAL_MACHINE\key]"; empty for another key, none for any other line.
 std::optional<std::wstring_view> keyOf(std::wstring_view line) {
     line = trimmed(line);
-    if (!line.starts_with(L'['))
+    if (!line.starts_with(L'[') || line.starts_with(L"[-"))
         return std::nullopt;
     const auto end = line.rfind(L']');
     const auto name = line.substr(1, end == std::wstring_view::npos ? 0 : end - 1);
     return startsWith(name, hiveName) ? name.substr(hiveName.size()) : std::wstring_view();
+}
+
+/// The key of a line "[-HKEY_LOCAL_MACHINE\key]", which takes away what stood before.
+std::optional<std::wstring> removedKeyOf(std::wstring_view line) {
+    line = trimmed(line);
+    if (!line.starts_with(L"[-"))
+        return std::nullopt;
+    const std::wstring plain = L"[" + std::wstring(line.substr(2));
+    const auto key = keyOf(plain);
+    return key ? std::optional(std::wstring(*key)) : std::nullopt;
 }
 
 /// A quoted text at the front of `rest`, which is moved behind it; `\\` and `\"` stand for the sign itself.
@@ -150,6 +160,19 @@ std::optional<Registry::Value> parsedValue(std::wstring_view data) {
     return bytes ? std::optional(Registry::Value{type, *bytes}) : std::nullopt;
 }
 
+/// A string whose bytes an export in UTF-16 has as units of two, as far as they are characters of one byte.
+std::string narrowed(std::string bytes) {
+    if (bytes.size() % 2 != 0)
+        return bytes;
+    std::string narrow;
+    for (std::size_t at = 0; at < bytes.size(); at += 2) {
+        if (bytes[at + 1] != 0)
+            return bytes;
+        narrow += bytes[at];
+    }
+    return narrow;
+}
+
 void appendHex(std::wstring& text, char byte) {
     constexpr std::wstring_view digits = L"0123456789abcdef";
     text += digits[static_cast<unsigned char>(byte) >> 4];
@@ -186,7 +209,7 @@ std::wstring quoted(std::wstring_view text) {
 /// True if the value of this line goes on in the next one.
 bool goesOn(std::wstring_view line) {
     const auto value = valueLine(line);
-    return value && startsWith(value->data, L"hex") && value->data.ends_with(L",\\");
+    return value && startsWith(value->data, L"hex") && value->data.ends_with(L'\\');
 }
 
 } // namespace
@@ -303,13 +326,29 @@ void RegText::addKey(std::wstring_view key) {
 
 std::map<std::wstring, Registry::Value> RegText::values(std::wstring_view key) const {
     std::map<std::wstring, Registry::Value> found;
+    const bool wide = encoding_ == RegEncoding::utf16Little || encoding_ == RegEncoding::utf16Big;
     bool inside = false;
     for (const Line& line : lines_) {
-        if (const auto name = keyOf(line.text))
+        if (const auto name = keyOf(line.text)) {
             inside = sameName(*name, key);
-        else if (const auto value = valueLine(line.text); value && inside)
-            if (auto parsed = parsedValue(value->data))
-                found.insert_or_assign(upper(value->name), std::move(*parsed));
+            continue;
+        }
+        if (const auto name = removedKeyOf(line.text)) {
+            inside = false;
+            if (sameName(*name, key))
+                found.clear();
+            continue;
+        }
+        const auto value = valueLine(line.text);
+        if (!value || !inside)
+            continue;
+        if (value->data.substr(0, dataEnd(value->data)) == L"-")
+            found.erase(upper(value->name));
+        else if (auto parsed = parsedValue(value->data)) {
+            if (wide && parsed->type == Type::string)
+                parsed->bytes = narrowed(std::move(parsed->bytes));
+            found.insert_or_assign(upper(value->name), std::move(*parsed));
+        }
     }
     return found;
 }

@@ -15,7 +15,7 @@ enum class RegEncoding { utf8, windows1252, utf16Little, utf16Big };
 
 /// The text of an exported registry file. What is not changed stays byte for byte: comments, other keys,
 /// order, line ends, encoding. Names of keys (below HKEY_LOCAL_MACHINE) and values compare without regard to
-/// case; of several values of one name the last counts.
+/// case; of several values of one name the last counts, and "-" in its place takes away those before it.
 class RegText {
 public:
     explicit RegText(std::string_view bytes);

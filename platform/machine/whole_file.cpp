@@ -30,7 +30,8 @@ bool written(Descriptor& file, std::string_view bytes) {
 /// Writes a new file beside `place` and renames it. Its leading dot keeps it out of all lists meanwhile.
 Placed putInPlace(const std::string& place, std::string_view bytes, const Rights& rights) {
     constexpr int attempts = 100;
-    const std::string beginning = folderOf(place) + "/.klopfmeise-" + std::to_string(::getpid()) + "-";
+    const std::string beginning =
+        folderOf(place) + "/" + std::string(draftBeginning) + std::to_string(::getpid()) + "-";
     Descriptor file;
     std::string name;
     // On a shared folder another machine may have a process of the same number.

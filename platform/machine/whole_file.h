@@ -8,6 +8,10 @@
 
 namespace klopfmeise {
 
+/// With this the names of files begin that are on their way into the place of another. Its dot keeps them out
+/// of all lists.
+inline constexpr std::string_view draftBeginning = ".klopfmeise-";
+
 /// The folder of a path of this machine.
 std::string folderOf(const std::string& place);
 

@@ -40,6 +40,7 @@ TEST(Wert, ComparesByWhatItSays) {
     EXPECT_FALSE(gleich(Wert{std::int16_t{0}}, L""));
     EXPECT_TRUE(gleich(Wert{L"120"s}, 120) && gleich(Wert{L" 1,5 "s}, 1.5));
     EXPECT_FALSE(gleich(Wert{L"zwölf"s}, 12) || gleich(Wert{L""s}, 0));
+    EXPECT_TRUE(gleich(oderNull(Wert{std::nan("")}), 0));
     EXPECT_EQ(textAus(Wert{0.1F}, L','), L"0,1");
     EXPECT_EQ(textAus(Wert{98.5}, L','), L"98,5");
     EXPECT_EQ(ganzzahl(-32768), Wert{std::int16_t{-32768}});

@@ -131,6 +131,15 @@ TEST_F(PosixFilesTest, WhatIsMadeTakesTheRightsOfItsFolderWhateverTheUmask) {
         }
 }
 
+TEST_F(PosixFilesTest, AFolderGoesWithWhatACrashLeftInItAndOnlyWithThat) {
+    files_.makeFolder(path("Class"));
+    dateiSchreiben(folder_.pfad() / "Class" / ".klopfmeise-1-0", "half");
+    dateiSchreiben(folder_.pfad() / "Class" / "Mia._", "whole");
+    EXPECT_FALSE(files_.removeFolder(path("Class")));
+    EXPECT_TRUE(files_.removeFile(path("Class/Mia._")));
+    EXPECT_TRUE(files_.removeFolder(path("Class") + L"\\"));
+}
+
 TEST_F(PosixFilesTest, ARenameReplacesNothingAndMayChangeTheCaseOfAName) {
     std::filesystem::create_directory(place("Igel"));
     std::filesystem::create_directory(place("Dachs"));

@@ -54,6 +54,8 @@ TEST_F(RegFileTest, ReadsEveryFormThatAnAdministratorMayLay) {
         "\"Lines\"=hex(7):61,00,62  \n"
         "\"Number\"=dword:0000002a\n"
         "\"Bytes\"=hex:00,ff\n"
+        "\"Behind\"=hex(1):\\\r\n  37,32\r\n"
+        "\"Gone\"=\"a\"\n\"gone\"=- ; no more\n"
         "\"Twice\"=\"a\"\n\"TWICE\"=\"b\"\n"
         "\"Broken\"=hex:2z\n\"Open\"=\"abc\n\"Large\"=dword:1ffffffff\n"
         "[HKEY_CURRENT_USER\\Software\\Klopfmeise]\n\"Foreign\"=\"x\"\n");
@@ -63,7 +65,8 @@ TEST_F(RegFileTest, ReadsEveryFormThatAnAdministratorMayLay) {
     EXPECT_EQ(read("Number"), Content(Type::dword, "\x2a\0\0\0"s));
     EXPECT_EQ(read("Bytes"), Content(Type::binary, "\0\xff"s));
     EXPECT_EQ(read("Twice"), Content(Type::string, "b\0"s));
-    for (const char* name : {"Broken", "Open", "Large", "Foreign", "Missing"})
+    EXPECT_EQ(read("Behind"), Content(Type::string, "72"));
+    for (const char* name : {"Gone", "Broken", "Open", "Large", "Foreign", "Missing"})
         EXPECT_FALSE(read(name)) << name;
 }
 
@@ -132,6 +135,12 @@ TEST_F(RegFileTest, EachEncodingIsReadAndWrittenBackAsItIs) {
         write("L\xE4nge", {Type::dword, "\2\0\0\0"s});
         EXPECT_EQ(dateiinhalt(path_), encoded(text + L"\"Pin\"=hex(1):31\r\n\"Länge\"=dword:00000002\r\n"));
     }
+    // An export in UTF-16 tells a string's bytes in units of two; a key that is taken away takes its values.
+    lay(toUtf16<false>(mark + laid + L"\"Pin\"=hex(1):37,00,32,00,00,00\r\n"));
+    EXPECT_EQ(read("Pin"), Content(Type::string, "72\0"s));
+    lay(toUtf16<false>(mark + laid + L"[-HKEY_LOCAL_MACHINE\\Software\\KLOPFMEISE]\r\n\"Pin\"=\"1\"\r\n"));
+    EXPECT_FALSE(read("\xD6L"));
+    EXPECT_FALSE(read("Pin"));
     // Beyond the code page, in a pair of units and in one: UTF-8 behind its mark.
     lay(toUtf16<false>(mark + laid + L"\"Path\"=\"\xD83D\xDE00 шк\"\r\n"));
     EXPECT_EQ(read("Path"), Content(Type::string, "\xEF\xBB\xBF😀 шк\0"s));
