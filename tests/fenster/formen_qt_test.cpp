@@ -1,6 +1,4 @@
-#include "formen.h"
 #include "platform/controls/text_box.h"
-#include "platform/forms/form_runtime.h"
 #include "platform/qt/picture_cache.h"
 #include "platform/qt/qt_text.h"
 #include "tests/ausfallende_dateien.h"
@@ -36,37 +34,22 @@ private:
     unsigned long ms_;
 };
 
-/// The program on the Qt backend, on the data folder of a Bühne.
-struct Programm {
+/// The program on the Qt backend.
+struct Programm : Bühne {
     explicit Programm(Files* dateien = nullptr)
-        : runtime(backend(), {bühne.clock, bühne.random, bühne.sound, dateien ? *dateien : bühne.echteDateien,
-                              bühne.registry, bühne.shell}) {
-        backend().setRuntime(runtime);
-        formenEintragen({runtime, global});
+        : Bühne(dateien, &klopfmeise::backend()) {
+        klopfmeise::backend().setRuntime(runtime);
     }
     ~Programm() { unloadAll(runtime); }
-
-    Bühne bühne;
-    FormRuntime runtime;
-    Globale global;
-};
-
-/// Class and child are chosen already.
-class FormenQt : public testing::Test, public Programm {
-protected:
-    FormenQt() {
-        global.Programmpfad = L"\\opt\\klopfmeise\\";
-        global.Datenpfad = logikpfad(bühne.daten()) + L"\\";
-        global.AktuelleKlasse = L"Hasen\\";
-        global.AktuellesKonto = L"Mia._";
-    }
-    /// Shows a form over the backdrop, as the program does.
     Form& zeigen(std::wstring_view name) {
-        runtime.show(L"frmTemp");
-        runtime.show(name);
+        öffnen(name);
         settle();
         return *runtime.loaded(name);
     }
+};
+
+class FormenQt : public testing::Test, public Programm {
+protected:
     /// What assistive technology reads on a page.
     static std::map<QString, QAccessibleInterface*> vorlesen(QAccessibleInterface& page) {
         std::map<QString, QAccessibleInterface*> heard;
@@ -105,7 +88,7 @@ TEST_F(FormenQt, everyFormOfTheTableStandsWholeOnTheScreen) {
         // The splash is gone once it was shown in earnest; this only looks at it.
         const bool splash = name == L"frmStart";
         Form& form = splash ? *runtime.load(name) : zeigen(name);
-        std::unique_ptr<FormView> own = splash ? backend().makeView(form) : nullptr;
+        std::unique_ptr<FormView> own = splash ? klopfmeise::backend().makeView(form) : nullptr;
         auto& shown = *static_cast<QtFormView*>(splash ? own.get() : form.view());
         if (splash)
             shown.openWindow();
@@ -144,7 +127,9 @@ TEST_F(FormenQt, everyFormOfTheTableStandsWholeOnTheScreen) {
 }
 
 TEST_F(FormenQt, theTitlePageIsReadOutAndCanBePressed) {
-    Form& form = zeigen(L"Lern1");
+    start();
+    settle();
+    Form& form = *runtime.active();
     const auto heard = vorlesen(*QAccessible::queryAccessibleInterface(&viewOf(form).widget()));
     for (const char* text : {"Wähle deine Gruppe!", "Hasen", "Name:", "Klasse:", "Einstellungsmodus",
                              "über Klopfmeise...", "Klopfmeise beenden", "Gruppen blättern"})
@@ -163,7 +148,7 @@ TEST_F(FormenQt, theTitlePageIsReadOutAndCanBePressed) {
 }
 
 TEST_F(FormenQt, theTypingPageTellsWhatToTypeNext) {
-    bühne.lektion(1, "Einzeiler", {"fj \xFC", "ff jj"});
+    lektion(1, "Einzeiler", {"fj \xFC", "ff jj"});
     FormWidget& widget = viewOf(zeigen(L"Tastatur1")).widget();
     QAccessibleInterface* page = QAccessible::queryAccessibleInterface(&widget);
     const auto heard = vorlesen(*page);
@@ -194,30 +179,26 @@ TEST_F(FormenQt, theCodeFieldTakesNoFifthDigitFromTheKeyboard) {
     }
 }
 
-/// True if the splash was on the screen, and painted, before the title page was.
-bool splashGesehen(unsigned long ms) {
-    // A test before this one may have ended its program, after which the toolkit runs no loop any more.
-    QTimer::singleShot(0, qApp, &QCoreApplication::quit);
-    QCoreApplication::exec();
-    LangsameDateien dateien(ms);
-    Programm programm(&dateien);
-    bool gesehen = false;
-    QTimer blick;
-    QObject::connect(&blick, &QTimer::timeout, [&] {
-        for (const QWidget* fenster : QApplication::topLevelWidgets())
-            gesehen = gesehen || (fenster->objectName() == "frmStart" && fenster->isVisible());
-    });
-    blick.start(20);
-    programm.runtime.show(L"frmStart");
-    settle();
-    EXPECT_FALSE(programm.runtime.loaded(L"frmStart"));
-    EXPECT_EQ(programm.runtime.active(), programm.runtime.loaded(L"Lern1"));
-    return gesehen;
-}
-
 TEST(Splash, IsSeenWhileASlowFolderIsTestedAndOnlyThen) {
-    EXPECT_TRUE(splashGesehen(250));
-    EXPECT_FALSE(splashGesehen(0));
+    for (const unsigned long ms : {250UL, 0UL}) {
+        // A test before this one may have ended its program, after which the toolkit runs no loop any more.
+        QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+        QCoreApplication::exec();
+        LangsameDateien dateien(ms);
+        Programm programm(&dateien);
+        bool seen = false;
+        QTimer look;
+        QObject::connect(&look, &QTimer::timeout, [&] {
+            for (const QWidget* window : QApplication::topLevelWidgets())
+                seen = seen || (window->objectName() == "frmStart" && window->isVisible());
+        });
+        look.start(20);
+        programm.start();
+        settle();
+        EXPECT_EQ(programm.aktiv(), L"Lern1");
+        EXPECT_FALSE(programm.runtime.loaded(L"frmStart"));
+        EXPECT_EQ(seen, ms > 0);
+    }
 }
 
 TEST(Drawings, AreSoundAndLeaveAMark) {

@@ -54,14 +54,11 @@ class Klopfmeise:
             gleich(farbe(*stelle), soll) == so for stelle, soll, so in self.zeichen[seite])
 
     def läuft(self):
-        return self.lauf.poll() is None
+        prüfe(self.lauf.poll() is None, f"das Programm endete mit {self.lauf.poll()}; Ausgabe: {self.schirm.ausgabe()[-1500:]}")
+        return True
 
     def warte_auf(self, seite):
-        def da():
-            prüfe(self.läuft(), f"das Programm endete mit {self.lauf.poll()}, statt '{seite}' zu zeigen; "
-                                f"Ausgabe: {self.schirm.ausgabe()[-1500:]}")
-            return self.zeigt(seite)
-        warte(da, f"'{seite}' ist zu sehen")
+        warte(lambda: self.läuft() and self.zeigt(seite), f"'{seite}' ist zu sehen")
 
     def geh(self, ort, seite):
         self.schirm.klick(*ort)
@@ -95,8 +92,8 @@ class Klopfmeise:
         self.schirm.klick(*ort)
         return warte(lambda: self.schirm.fenster(f"^{titel}$"), f"das Fenster '{titel}'")
 
-    def schließt(self, titel, ort=(60, 530)):
-        self.schirm.klick(*ort)
+    def schließt(self, titel):
+        self.schirm.klick(60, 530)
         warte(lambda: not self.schirm.fenster(f"^{titel}$"), f"'{titel}' geht zu")
 
     def beenden(self):

@@ -7,12 +7,12 @@ import sys
 
 sys.dont_write_bytecode = True
 from ablage import DURCHGÄNGE, GENAUIGKEIT, LEKTION, STUFE, Ablage, doppelt, ganz
-from klopfmeise import (BILD, CODE_ZURÜCK, ENDE, INFO, INFO_OK, KLASSE_1, KONTO, LEHRKRAFT, NEIN, SCHWARZ, START,
-                        STUFE_ZURÜCK, WEISS, ZURÜCK, Klopfmeise, gleich)
+from klopfmeise import (BILD, CODE_ZURÜCK, ENDE, INFO, INFO_OK, KLASSE_1, LEHRKRAFT, NEIN, SCHWARZ, START, STUFE_ZURÜCK,
+                        WEISS, ZURÜCK, Klopfmeise, gleich)
 from schirm import BUILD, Schirm, ausführen, prüfe, warte
 
 TEXTE_GESAMT, ANSCHLÄGE = 40, 41
-TEXT_TIPPEN, HILFE = (316, 289), (688, 562)
+TEXT_TIPPEN = (316, 289)
 # Right edge of the black frame around the text window, on the stage and in text typing.
 RAHMEN_STUFE, RAHMEN_TEXT = (767, 450), (760, 450)
 
@@ -102,9 +102,6 @@ def laufender_text(breite, höhe):
         schirm.tippe(STUFENTEXT[150:], 12)
         k.warte_auf("Startseite")
         prüfe(ablage.satz(STUFE, 4) == ganz(2), f"Stufe ist {ablage.satz(STUFE, 4).hex(' ')} statt 2")
-        k.öffnet(HILFE, "Hilfe")
-        schirm.foto_in_ruhe("15_hilfe")
-        k.schließt("Hilfe", (20, 300))
         k.geh(ENDE, "Menü")
 
         textseite(TEXT_TIPPEN, RAHMEN_TEXT)
@@ -117,11 +114,6 @@ def laufender_text(breite, höhe):
         warte(lambda: schirm.fenster("^Klopfmeise$"), "das Auswertungsblatt")
         schirm.foto_in_ruhe("17_auswertung", 250, 150, 300, 250)
         k.geh(ENDE, "Menü")
-        schirm.klick(*KONTO)
-        # The account view covers the middle of the menu with white.
-        warte(lambda: gleich(schirm.farbe(560, 300), WEISS), "der Kontostand")
-        schirm.foto_in_ruhe("18_kontostand")
-        k.geh((20, 300), "Menü")
         k.beenden()
 
 
