@@ -106,7 +106,8 @@ def jeder_knopf():
         # The last one is heard although the program ends with it and the server has no time at first.
         server.lauf.send_signal(signal.SIGSTOP)
         schirm.klick(*JA)
-        time.sleep(0.25)
+        time.sleep(0.3)
+        k.läuft()
         server.lauf.send_signal(signal.SIGCONT)
         k.endet()
         nur_ganze(server.gehört(0.5), [KNOPF] * (len(weg) + 1))
