@@ -51,7 +51,7 @@ class Tasten:
 
 class Boden:
     def __init__(self, schirm):
-        self.lauf = schirm._starten([str(BUILD / "bench" / "klang_boden"), str(BUILD / "wav" / KNOPF)],
+        self.lauf = schirm.starten([str(BUILD / "bench" / "klang_boden"), str(BUILD / "wav" / KNOPF)],
                                     stdin=subprocess.PIPE, stdout=subprocess.PIPE)
         self.lauf.stdout.read(1)
 

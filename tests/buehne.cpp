@@ -48,8 +48,9 @@ std::string lektionstext(std::string_view art, const std::vector<std::string>& t
     return inhalt;
 }
 
-Bühne::Bühne(Files* dateien)
-    : runtime(backend, {clock, random, sound, dateien ? *dateien : echteDateien, registry, shell}) {
+Bühne::Bühne(Files* dateien, Backend* anderes)
+    : runtime(anderes ? *anderes : backend,
+              {clock, random, sound, dateien ? *dateien : echteDateien, registry, shell}) {
     const fs::path d = daten();
     dateiSchreiben(d / "Data" / "Tastatur" / "Lektion1.bmp", "BM");
     dateiSchreiben(d / "Data" / "Texte" / "Text_001.txt", "Hallo");

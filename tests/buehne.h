@@ -40,8 +40,8 @@ std::string lektionstext(std::string_view art, const std::vector<std::string>& t
 /// child "Mia".
 class Bühne {
 public:
-    /// `dateien` takes the place of the machine's files if given.
-    explicit Bühne(Files* dateien = nullptr);
+    /// `dateien` takes the place of the machine's files if given, `anderes` that of the headless backend.
+    explicit Bühne(Files* dateien = nullptr, Backend* anderes = nullptr);
 
     /// Starts the process: splash, folder test, title page.
     void start();

@@ -16,22 +16,6 @@ def doppelt(zahl):
     return struct.pack("<hd", 5, zahl)
 
 
-def _bild():
-    """A small bitmap of 24 bits, grey."""
-    breite, höhe = 64, 32
-    punkte = b"\xc0\xc8\xd0" * breite * höhe
-    return (b"BM" + struct.pack("<IHHI", 54 + len(punkte), 0, 0, 54) +
-            struct.pack("<IiiHHIIiiII", 40, breite, höhe, 1, 24, 0, len(punkte), 2835, 2835, 0, 0) + punkte)
-
-
-def lektionstext(stufen):
-    """`stufen`: the texts to type, one a stage."""
-    zeilen = [str(len(stufen)), "Einzeiler", "Probelektion"]
-    for nummer, text in enumerate(stufen, 1):
-        zeilen += [f"Unterstufe{nummer}", f"Titel der Stufe {nummer}", text, f"Hinweis zur Stufe {nummer}"]
-    return "".join(z + "\r\n" for z in zeilen).encode("cp1252")
-
-
 class Ablage:
     """The data folder in `ordner` with one class and its children."""
 
@@ -41,31 +25,26 @@ class Ablage:
     def __init__(self, ordner, vorlage=None):
         """`vorlage`: the folder of lessons that the build made; without it the lessons are a few short ones."""
         self.pfad = pathlib.Path(ordner)
-        tastatur = self.pfad / "Data" / "Tastatur"
-        if vorlage and (vorlage / "Tastatur" / "Lektion1.txt").is_file() and (vorlage / "Texte").is_dir():
+        if vorlage:
             shutil.copytree(vorlage, self.pfad / "Data")
         else:
-            tastatur.mkdir(parents=True)
-            (tastatur / "Lektion1.bmp").write_bytes(_bild())
+            (self.pfad / "Data" / "Tastatur").mkdir(parents=True)
+            (self.pfad / "Data" / "Texte").mkdir()
+            # A small bitmap of 24 bits, grey.
+            (self.pfad / "Data" / "Tastatur" / "Lektion1.bmp").write_bytes(
+                b"BM" + struct.pack("<IHHIIiiHH24x", 54 + 6144, 0, 0, 54, 40, 64, 32, 1, 24) + b"\xc0" * 6144)
             self.lektion(["fff jjj fff jjj fj fj fj jf jf jf f j", "jjj fff jf"])
-            texte = self.pfad / "Data" / "Texte"
-            texte.mkdir()
-            (texte / "Text_001.txt").write_bytes(b"Hallo\r\n")
+            self.text(b"Hallo\r\n")
         gruppe = self.pfad / "Gruppen" / self.klasse
         gruppe.mkdir(parents=True)
-        eingeschaltet = b"".join(ganz(1).ljust(SATZ, b"\0") for _ in range(100))
         textname = b"Text_001.txt"
+        eingeschaltet = ganz(1).ljust(SATZ, b"\0") * 100
         einstellungen = eingeschaltet.ljust(105 * SATZ, b"\0") + struct.pack("<H", len(textname)) + textname
         (self.pfad / "Gruppen" / "kme.ein").write_bytes(einstellungen)
         (gruppe / "KME.ein").write_bytes(einstellungen)
         for kind in self.kinder:
-            self.konto(kind).write_bytes(self.neues_konto())
-
-    @staticmethod
-    def neues_konto():
-        sätze = [ganz(0).ljust(SATZ, b"\0")] * 100
-        sätze[DURCHGÄNGE - 1] = ganz(3).ljust(SATZ, b"\0")
-        return b"".join(sätze)
+            self.konto(kind).write_bytes(ganz(0).ljust(SATZ, b"\0") * 100)
+            self.satz_setzen(DURCHGÄNGE, ganz(3), kind)
 
     def konto(self, kind="Mia"):
         return self.pfad / "Gruppen" / self.klasse / (kind + "._")
@@ -86,12 +65,20 @@ class Ablage:
         marke, wert = struct.unpack("<hd", self.satz(GENAUIGKEIT, 10).ljust(10, b"\0"))
         return wert if marke == 5 else None
 
-    def lektion(self, stufen):
-        (self.pfad / "Data" / "Tastatur" / "Lektion1.txt").write_bytes(lektionstext(stufen))
+    def lektion(self, stufen, art="Einzeiler"):
+        """`stufen`: the texts to type, one a stage."""
+        zeilen = [str(len(stufen)), art, "Probelektion"]
+        for nummer, text in enumerate(stufen, 1):
+            zeilen += [f"Unterstufe{nummer}", f"Titel der Stufe {nummer}", text, f"Hinweis zur Stufe {nummer}"]
+        (self.pfad / "Data" / "Tastatur" / "Lektion1.txt").write_text("".join(z + "\r\n" for z in zeilen), "cp1252",
+                                                                      newline="")
+
+    def text(self, bytes_):
+        (self.pfad / "Data" / "Texte" / "Text_001.txt").write_bytes(bytes_)
 
     def stufentext(self, stufe):
         """What is to be typed at a stage of lesson 1."""
-        zeilen = (self.pfad / "Data" / "Tastatur" / "Lektion1.txt").read_bytes().decode("cp1252").splitlines()
+        zeilen = (self.pfad / "Data" / "Tastatur" / "Lektion1.txt").read_text("cp1252").splitlines()
         return zeilen[zeilen.index(f"Unterstufe{stufe}") + 2]
 
     def als_datenablage(self, schirm):

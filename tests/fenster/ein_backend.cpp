@@ -1,8 +1,12 @@
 #include "tests/fenster/ein_backend.h"
 
+#include "platform/forms/form_runtime.h"
+
 #include <gtest/gtest.h>
 
 #include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QWindow>
 
 namespace klopfmeise {
 
@@ -17,6 +21,20 @@ void settle() {
     time.start();
     while (time.elapsed() < 60)
         QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+}
+
+void strike(QWidget& in, int key, const QString& text, Qt::KeyboardModifiers modifiers) {
+    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(type, key, modifiers, text);
+        QCoreApplication::sendEvent(in.window()->windowHandle(), &event);
+    }
+    settle();
+}
+
+void unloadAll(FormRuntime& runtime) {
+    for (const auto name : runtime.names())
+        runtime.unload(name);
+    settle();
 }
 
 } // namespace klopfmeise

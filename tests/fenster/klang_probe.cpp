@@ -1,9 +1,13 @@
-// klang_probe FILE...: plays sounds one after another as the program does, each waited for. Prints for each
-// what the sound promised to last (ms), how long its order took (µs) and when the wait was over (s, monotonic
-// clock). A number in place of a file lets so many milliseconds pass.
+// klang_probe WORD...: plays sound files one after another as the program does, each waited for. Prints for
+// each what the sound promised to last (ms), when the wait was over (s, monotonic clock) and the most memory
+// until then (MiB). A number in place of a file lets so many milliseconds pass. The stream is stopped after 1
+// s of rest and closed after 2.
+//
+// klang_probe --ende WORD: ends the player soon after it has begun a sound, a thousand times, each time a
+// little later.
 
 #include "platform/machine/posix_files.h"
-#include "platform/qt/late_sound.h"
+#include "platform/qt/sound/pulse_sound.h"
 
 #include <QCoreApplication>
 
@@ -17,15 +21,23 @@ int main(int argc, char** argv) {
     std::cout << std::fixed;
     const QCoreApplication application(argc, argv);
     klopfmeise::PosixFiles files;
-    klopfmeise::LateSound sound(files);
+    if (application.arguments().value(1) == QStringLiteral("--ende")) {
+        for (int i = 0; i < 1000; ++i) {
+            klopfmeise::PulseSound brief(files, {});
+            brief.play(application.arguments().value(2).toStdWString());
+            std::this_thread::sleep_for(microseconds(i % 250));
+        }
+        return 0;
+    }
+    klopfmeise::PulseSound sound(files, {.stop = 1s, .close = 2s});
     for (const QString& word : application.arguments().mid(1)) {
         bool pause = false;
-        if (const int length = word.toInt(&pause); pause) {
-            std::this_thread::sleep_for(milliseconds(length));
-            continue;
-        }
-        const int length = sound.play(word.toStdWString());
+        int length = word.toInt(&pause);
+        if (!pause)
+            length = sound.play(word.toStdWString());
         std::this_thread::sleep_for(milliseconds(length));
+        if (pause)
+            continue;
         const double end = duration<double>(steady_clock::now().time_since_epoch()).count();
         rusage use{};
         getrusage(RUSAGE_SELF, &use);

@@ -4,14 +4,14 @@ in form coordinates, 800 by 600."""
 import pathlib
 import re
 
-from schirm import Fehlschlag, prüfe, warte
+from schirm import prüfe, warte
 
 GRAU, WEISS, SCHWARZ, BLASSROT, ROT = (192,) * 3, (255,) * 3, (0,) * 3, (236, 207, 200), (255, 0, 0)
 
 KLASSE_1, NAME_1, NAME_2 = (300, 224), (300, 216), (300, 243)
 KURS, START, LEHRKRAFT, INFO, ENDE = (239, 289), (396, 462), (618, 562), (688, 562), (758, 562)
 ZURÜCK, JA, NEIN, INFO_OK, CODE_ZURÜCK, BILD = (695, 184), (331, 317), (464, 317), (590, 429), (604, 429), (400, 170)
-STUFE_ZURÜCK = (618, 562)
+STUFE_ZURÜCK, KONTO = (618, 562), (393, 401)
 ZELLEN = 56
 
 
@@ -30,9 +30,9 @@ class Klopfmeise:
     zeichen = {
         "Klassenliste": [((544, 380), GRAU, False), ((300, 440), GRAU, True)],
         "Namensliste": [((300, 440), WEISS, True), ((544, 400), WEISS, True)],
-        "Menü": [(KURS, GRAU, False), ((393, 401), GRAU, False), ((300, 440), GRAU, True)],
+        "Menü": [(KURS, GRAU, False), (KONTO, GRAU, False), ((300, 440), GRAU, True)],
         "Codefeld": [((330, 327), WEISS, True), (CODE_ZURÜCK, GRAU, False), ((200, 400), GRAU, True)],
-        "Endefrage": [(JA, GRAU, False), (NEIN, GRAU, False), ((393, 401), GRAU, True), ((200, 300), GRAU, True)],
+        "Endefrage": [(JA, GRAU, False), (NEIN, GRAU, False), (KONTO, GRAU, True), ((200, 300), GRAU, True)],
         "Infoseite": [(INFO_OK, GRAU, False), ((235, 284), GRAU, False), ((330, 327), GRAU, True),
                       ((464, 317), GRAU, True)],
     }
@@ -54,14 +54,11 @@ class Klopfmeise:
             gleich(farbe(*stelle), soll) == so for stelle, soll, so in self.zeichen[seite])
 
     def läuft(self):
-        return self.lauf.poll() is None
+        prüfe(self.lauf.poll() is None, f"das Programm endete mit {self.lauf.poll()}; Ausgabe: {self.schirm.ausgabe()[-1500:]}")
+        return True
 
     def warte_auf(self, seite):
-        def da():
-            prüfe(self.läuft(), f"das Programm endete mit {self.lauf.poll()}, statt '{seite}' zu zeigen; "
-                                f"Ausgabe: {self.schirm.ausgabe()[-1500:]}")
-            return self.zeigt(seite)
-        warte(da, f"'{seite}' ist zu sehen")
+        warte(lambda: self.läuft() and self.zeigt(seite), f"'{seite}' ist zu sehen")
 
     def geh(self, ort, seite):
         self.schirm.klick(*ort)
@@ -74,8 +71,7 @@ class Klopfmeise:
         self.geh(KURS, "Startseite")
 
     def zur_stufe(self):
-        if self.zeigt("Klassenliste"):
-            self.zur_startseite()
+        self.zur_startseite()
         self.geh(START, "Stufe")
 
     def position(self):
@@ -89,31 +85,31 @@ class Klopfmeise:
         return self.schirm.farbe(_zellenmitte(nummer), 475) == ROT
 
     def warte_position(self, nummer):
-        try:
-            warte(lambda: self.position() == nummer, "")
-        except Fehlschlag:
-            raise Fehlschlag(f"die Marke steht bei {self.position()} statt bei {nummer}") from None
+        warte(lambda: self.position() == nummer, f"die Marke steht bei {nummer}")
+
+    def öffnet(self, ort, titel):
+        """Clicks there; the windows of that title that come."""
+        self.schirm.klick(*ort)
+        return warte(lambda: self.schirm.fenster(f"^{titel}$"), f"das Fenster '{titel}'")
+
+    def schließt(self, titel):
+        self.schirm.klick(60, 530)
+        warte(lambda: not self.schirm.fenster(f"^{titel}$"), f"'{titel}' geht zu")
 
     def beenden(self):
-        """From the title page through the question."""
+        """From a page that leads to the end question, through it."""
         self.geh(ENDE, "Endefrage")
         self.schirm.klick(*JA)
         self.endet()
 
-    def endet(self, lauf=None, code=0):
+    def endet(self, lauf=None):
         lauf = lauf or self.lauf
         warte(lambda: lauf.poll() is not None, "das Programm endet")
-        prüfe(lauf.poll() == code, f"Rückgabewert {lauf.poll()} statt {code}; Ausgabe: {self.schirm.ausgabe()[-1500:]}")
-        self.saubere_ausgabe()
-
-    def saubere_ausgabe(self):
-        """Nothing that a sanitizer or the toolkit has to complain of."""
         text = self.schirm.ausgabe()
+        prüfe(lauf.poll() == 0, f"Rückgabewert {lauf.poll()}; Ausgabe: {text[-1500:]}")
+        # Nothing that a sanitizer or the toolkit has to complain of.
         klagen = re.findall(r".*(?:Sanitizer|runtime error|QWidget::|QObject::|QPainter::|ASSERT).*", text)
         prüfe(not klagen, f"Klagen in der Ausgabe: {klagen[:3]}")
 
     def geladen(self, bibliothek):
         return bibliothek in pathlib.Path(f"/proc/{self.lauf.pid}/maps").read_text()
-
-    def fenster_da(self, titel):
-        return bool(self.schirm.fenster(titel))

@@ -1,28 +1,36 @@
-"""The road of a child through real windows: from the class list through a passed stage to the end question, on a
-small and on a large screen, with a picture of every page in <build>/bilder."""
+"""The road of a child through real windows, on a small and on a large screen, with a picture of every page in
+<build>/bilder: from the class list through a passed stage to the end question; running text, as a stage and free; a data
+folder that is none."""
 
+import struct
 import sys
 
 sys.dont_write_bytecode = True
-from ablage import LEKTION, STUFE, Ablage, doppelt, ganz, GENAUIGKEIT
-from klopfmeise import (BILD, CODE_ZURÜCK, ENDE, INFO, INFO_OK, KLASSE_1, KURS, LEHRKRAFT, NAME_2, NEIN, START,
-                        STUFE_ZURÜCK, ZURÜCK, Klopfmeise)
+from ablage import DURCHGÄNGE, GENAUIGKEIT, LEKTION, STUFE, Ablage, doppelt, ganz
+from klopfmeise import (BILD, CODE_ZURÜCK, ENDE, INFO, INFO_OK, KLASSE_1, LEHRKRAFT, NEIN, SCHWARZ, START, STUFE_ZURÜCK,
+                        WEISS, ZURÜCK, Klopfmeise, gleich)
 from schirm import BUILD, Schirm, ausführen, prüfe, warte
+
+TEXTE_GESAMT, ANSCHLÄGE = 40, 41
+TEXT_TIPPEN = (316, 289)
+# Right edge of the black frame around the text window, on the stage and in text typing.
+RAHMEN_STUFE, RAHMEN_TEXT = (767, 450), (760, 450)
+
+STUFENTEXT = ("Über Öl, Äpfel und Süßes: 5 € & 3 % {sagt} jan@schule.example [so] - und dann geht der Text noch "
+              "weiter, damit er mehr als vier Zeilen hat und das Fenster rollt. Der Igel schnauft, die Amsel singt, "
+              "und am Ende des Gartens steht ein alter Baum mit roten Kirschen.")
+FREITEXT = "Der Bär übt Ähren.\nGröße: 12 m² ~ fein!\nEnde"
 
 
 def straße(breite, höhe):
     with Schirm(breite, höhe) as schirm:
-        def foto(name):
-            schirm.ruhe()
-            schirm.foto(name)
-
         ablage = Ablage(schirm.ordner / "Daten", BUILD / "Klopfmeise" / "Data")
         k = Klopfmeise(schirm, ablage)
-        foto("01_klassen")
+        schirm.foto_in_ruhe("01_klassen")
         prüfe(not k.geladen("klopfmeise_sound"), "das Klangmodul wird schon für die Titelseite geladen")
         k.geh(INFO, "Infoseite")
         warte(lambda: k.geladen("klopfmeise_sound"), "das Klangmodul kommt mit dem ersten Klang")
-        foto("02_info")
+        schirm.foto_in_ruhe("02_info")
         k.geh(INFO_OK, "Klassenliste")
         k.geh(LEHRKRAFT, "Codefeld")
         schirm.tippe("12", 10)
@@ -30,40 +38,31 @@ def straße(breite, höhe):
         schirm.foto("03_code")
         k.geh(CODE_ZURÜCK, "Klassenliste")
         k.geh(KLASSE_1, "Namensliste")
-        foto("04_namen")
+        schirm.foto_in_ruhe("04_namen")
         k.geh(ZURÜCK, "Klassenliste")
-        k.geh(KLASSE_1, "Namensliste")
-        k.geh(NAME_2, "Menü")
-        foto("05_menue")
-        k.geh(KURS, "Startseite")
-        foto("06_startseite")
-
-        schirm.klick(*BILD)
-        warte(lambda: k.fenster_da("^Lektion 1$"), "das Fenster mit dem Lektionsbild")
-        foto("07_lektionsbild")
-        schirm.klick(60, 530)
-        warte(lambda: not k.fenster_da("^Lektion 1$"), "das Lektionsbild geht zu")
+        k.zur_startseite()
+        schirm.foto_in_ruhe("06_startseite")
+        k.öffnet(BILD, "Lektion 1")
+        schirm.foto_in_ruhe("07_lektionsbild")
+        k.schließt("Lektion 1")
 
         k.geh(START, "Stufe")
         text = ablage.stufentext(1)
         for lauf in range(3):
-            prüfe(k.position() == 1, f"Durchgang {lauf + 1} beginnt nicht bei 1")
+            k.warte_position(1)
+            prüfe(ablage.satz(STUFE, 4) in (ganz(0), ganz(1)), f"die Stufe ist nach {lauf} Durchgängen bestanden")
             schirm.tippe(text + "\n", 8)
-            if lauf < 2:
-                k.warte_position(1)
-                prüfe(ablage.satz(STUFE, 4) in (ganz(0), ganz(1)), "die Stufe ist vor dem dritten Durchgang bestanden")
         k.warte_auf("Startseite")
         for satz, soll in ((LEKTION, ganz(1)), (STUFE, ganz(2)), (GENAUIGKEIT, doppelt(100.0))):
             ist = ablage.satz(satz, len(soll))
             prüfe(ist == soll, f"Satz {satz} ist {ist.hex(' ')} statt {soll.hex(' ')}")
-        foto("08_naechste_stufe")
+        schirm.foto_in_ruhe("08_naechste_stufe")
 
         k.geh(START, "Stufe")
-        zweiter = ablage.stufentext(2)
-        falsch = next(z for z in "xyq" if z != zweiter[8])
-        schirm.tippe(zweiter[:8], 8)
+        text = ablage.stufentext(2)
+        schirm.tippe(text[:8], 8)
         k.warte_position(9)
-        schirm.tippe(falsch, 8)
+        schirm.tippe("x" if text[8] != "x" else "y", 8)
         warte(lambda: k.rot(9), "der Fehler ist rot")
         prüfe(k.position() == 9, "ein Fehler bewegt die Marke")
         warte(lambda: (ablage.genauigkeit() or 100) < 100, "der Fehler kostet Genauigkeit")
@@ -71,9 +70,50 @@ def straße(breite, höhe):
         k.geh(STUFE_ZURÜCK, "Startseite")
         prüfe(ablage.satz(STUFE, 4) == ganz(2), "das Verlassen der Stufe ändert den Stand")
         k.geh(ENDE, "Menü")
+        schirm.foto_in_ruhe("05_menue")
         k.geh(ENDE, "Endefrage")
-        foto("10_ende")
+        schirm.foto_in_ruhe("10_ende")
         k.geh(NEIN, "Klassenliste")
+        k.beenden()
+
+
+def laufender_text(breite, höhe):
+    """With umlauts, capitals, Alt Gr signs and Enter, an error and its correction."""
+    with Schirm(breite, höhe) as schirm:
+        def textseite(ort, rahmen):
+            x, y = rahmen
+            schirm.klick(*ort)
+            warte(lambda: gleich(schirm.farbe(x, y), SCHWARZ, 30) and gleich(schirm.farbe(x - 8, y + 60), WEISS),
+                  "das Textfenster: sein schwarzer Rahmen, innen weiß")
+
+        ablage = Ablage(schirm.ordner / "Daten")
+        ablage.lektion([STUFENTEXT, "Ende"], "Fließtext")
+        ablage.text(b"{\\rtf1\\ansi " + FREITEXT.encode("cp1252").replace(b"\n", b"\\par ") + b"}")
+        ablage.satz_setzen(DURCHGÄNGE, ganz(1))
+        k = Klopfmeise(schirm, ablage)
+        k.zur_startseite()
+        textseite(START, RAHMEN_STUFE)
+        schirm.tippe(STUFENTEXT[:3] + "x", 8)
+        warte(lambda: (ablage.genauigkeit() or 0) > 0, "die Genauigkeit ist im Konto")
+        schirm.foto_in_ruhe("13_fliesstext_fehler")
+        schirm.taste("BackSpace")
+        schirm.tippe(STUFENTEXT[3:150], 12)
+        schirm.foto_in_ruhe("14_fliesstext")
+        schirm.tippe(STUFENTEXT[150:], 12)
+        k.warte_auf("Startseite")
+        prüfe(ablage.satz(STUFE, 4) == ganz(2), f"Stufe ist {ablage.satz(STUFE, 4).hex(' ')} statt 2")
+        k.geh(ENDE, "Menü")
+
+        textseite(TEXT_TIPPEN, RAHMEN_TEXT)
+        schirm.tippe(FREITEXT[:25], 8)
+        schirm.foto_in_ruhe("16_text_tippen", höhe=405)
+        schirm.tippe(FREITEXT[25:], 8)
+        warte(lambda: ablage.satz(TEXTE_GESAMT, 4) == ganz(1), "der Text ist gezählt")
+        marke, länge = struct.unpack("<hh", ablage.satz(ANSCHLÄGE, 4))
+        prüfe(marke == 8 and ablage.satz(ANSCHLÄGE, 4 + länge)[4:].isdigit(), "der erste Schnitt ist kein Text aus Ziffern")
+        warte(lambda: schirm.fenster("^Klopfmeise$"), "das Auswertungsblatt")
+        schirm.foto_in_ruhe("17_auswertung", 250, 150, 300, 250)
+        k.geh(ENDE, "Menü")
         k.beenden()
 
 
@@ -84,18 +124,14 @@ def verweigerter_ordner(breite, höhe):
         (ablage.pfad / "Gruppen" / "kme.ein").unlink()
         lauf = schirm.start()
         warte(lambda: schirm.fenster("^Kein zul"), "die Meldung über den Ordner")
-        schirm.ruhe()
-        schirm.foto("11_ordner_meldung")
-        schirm.befehl("xdotool", "key", "Return")
-        fenster = warte(lambda: schirm.fenster("^Datenablage$"), "das Fenster für den Ordner")
-        warte(lambda: schirm.befehl("xdotool", "getactivewindow").strip() in fenster, "es hat die Tastatur")
-        schirm.ruhe()
-        schirm.foto("12_ordner")
-        schirm.befehl("xdotool", "key", "alt+F4")
+        schirm.foto_in_ruhe("11_ordner_meldung")
+        schirm.taste("Return")
+        schirm.warte_tastatur(warte(lambda: schirm.fenster("^Datenablage$"), "das Fenster für den Ordner"), "es")
+        schirm.foto_in_ruhe("12_ordner")
+        schirm.taste("alt+F4")
         warte(lambda: lauf.poll() is not None, "das Programm endet, wenn sein letztes Fenster zugeht")
-        prüfe(lauf.poll() == 0, f"Rückgabewert {lauf.poll()} statt 0; Ausgabe: {schirm.ausgabe()[-1500:]}")
+        prüfe(lauf.poll() == 0, f"Rückgabewert {lauf.poll()}; Ausgabe: {schirm.ausgabe()[-1500:]}")
 
 
 if __name__ == "__main__":
-    ausführen({f"{art.__name__}_{b}x{h}": lambda a=art, b=b, h=h: a(b, h)
-               for b, h in ((800, 600), (1920, 1080)) for art in (straße, verweigerter_ordner)})
+    ausführen(straße, laufender_text, verweigerter_ordner, größen=((800, 600), (1920, 1080)))

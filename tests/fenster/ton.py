@@ -4,13 +4,11 @@ found again sample by sample."""
 import array
 import bisect
 import os
-import shutil
 import subprocess
-import sys
 import threading
 import time
 
-from schirm import BUILD, Fehlschlag, warte
+from schirm import BUILD, prüfe, warte
 
 RATE = 44100
 SENKE = "klopfmeise_test"
@@ -18,10 +16,8 @@ SPIEL = 2  # by how much a recorded sample may differ
 LÄNGSTE_STILLE = 60  # samples within a wave that may be silent
 
 
-def welle(datei):
-    proben = array.array("h")
-    proben.frombytes((BUILD / "wav" / datei).read_bytes()[44:])
-    return proben
+def proben(bytes_):
+    return array.array("h", bytes(bytes_[:len(bytes_) // 2 * 2]))
 
 
 class Tonserver:
@@ -34,7 +30,7 @@ class Tonserver:
         self.starten()
 
     def starten(self):
-        self.lauf = self.schirm._starten(
+        self.lauf = self.schirm.starten(
             ["pulseaudio", "--daemonize=no", "--system=no", "--exit-idle-time=-1", "-n",
              "-L", "module-native-protocol-unix",
              "-L", f"module-null-sink sink_name={SENKE} rate={RATE} channels=1 format=s16le"])
@@ -45,12 +41,9 @@ class Tonserver:
         return self.schirm.befehl("pactl", *worte)
 
     def ströme(self):
-        """The running streams to the sink: those that keep a device awake."""
-        return self.pactl("list", "sink-inputs").count("Corked: no")
-
-    def töten(self):
-        self.lauf.kill()
-        self.lauf.wait()
+        """How many streams to the sink run, which keeps a device awake, and how many are stopped."""
+        liste = self.pactl("list", "sink-inputs")
+        return liste.count("Corked: no"), liste.count("Corked: yes")
 
     def ab_jetzt(self):
         self.aufnahme.ab_jetzt()
@@ -63,7 +56,7 @@ class Tonserver:
 
 class Aufnahme:
     def __init__(self, schirm, verzug):
-        self.lauf = schirm._starten(
+        self.lauf = schirm.starten(
             ["parec", "-d", SENKE + ".monitor", "--raw", "--format=s16le", f"--rate={RATE}", "--channels=1"] +
             ([f"--latency-msec={verzug}"] if verzug else []), stdout=subprocess.PIPE)
         self.bytes = bytearray()
@@ -73,8 +66,7 @@ class Aufnahme:
         warte(lambda: len(self.stücke) > 5, "die Aufnahme läuft")
 
     def _lesen(self):
-        rohr = self.lauf.stdout.fileno()
-        while stück := os.read(rohr, 65536):
+        while stück := os.read(self.lauf.stdout.fileno(), 65536):
             self.stücke.append((len(self.bytes) // 2, time.monotonic()))
             self.bytes += stück
 
@@ -88,69 +80,37 @@ class Aufnahme:
 
     def klänge(self):
         """The sounds in order. What is no wave of the program fails."""
-        self.proben = array.array("h")
-        self.proben.frombytes(bytes(self.bytes[:len(self.bytes) // 2 * 2]))
-        wellen = {datei.name: welle(datei.name) for datei in (BUILD / "wav").glob("*.wav")}
+        self.proben = proben(self.bytes)
+        wellen = {datei.name: proben(datei.read_bytes()[44:]) for datei in (BUILD / "wav").glob("*.wav")}
         gefunden = []
         stelle = self.anfang
-        while (stelle := self._laut_ab(stelle)) is not None:
-            klang = self._klang_bei(stelle, wellen)
-            if not klang:
-                raise Fehlschlag(f"nach {(stelle - self.anfang) / RATE:.3f} s ist etwas anderes als einer der Klänge "
-                                 f"zu hören; davor: {gefunden[-2:]}")
-            gefunden.append(klang)
-            stelle = klang.bis
+        while (stelle := self._erste(stelle, len(self.proben), lambda i: abs(self.proben[i]) > SPIEL)) < len(self.proben):
+            # A wave begins softly, and where it cuts another the first difference may come late.
+            passende = [Klang(datei, stelle - vor, länge, len(welle), self) for datei, welle in wellen.items()
+                        for vor in range(min(LÄNGSTE_STILLE, stelle))
+                        if (länge := self._gleich(stelle - vor, welle)) > vor + 100]
+            prüfe(passende, f"nach {(stelle - self.anfang) / RATE:.3f} s ist etwas anderes als einer der Klänge zu hören; "
+                            f"davor: {gefunden[-2:]}")
+            gefunden.append(max(passende, key=lambda klang: klang.bis - klang.von))
+            stelle = gefunden[-1].bis
         return gefunden
 
-    def _laut_ab(self, stelle):
-        while stelle < len(self.proben):
-            # Whole stretches of silence at once, as most of it is.
-            ende = min(stelle + 4096, len(self.proben))
-            if not any(self.proben[stelle:ende]):
-                stelle = ende
-                continue
-            while stelle < ende:
-                if abs(self.proben[stelle]) > SPIEL:
-                    return stelle
-                stelle += 1
-        return None
+    @staticmethod
+    def _erste(von, bis, bedingung):
+        return next(filter(bedingung, range(von, bis)), bis)
 
-    def _klang_bei(self, stelle, wellen):
-        bester = None
-        for datei, proben in wellen.items():
-            # A wave begins softly, and where it cuts another the first difference may come late.
-            for vor in range(LÄNGSTE_STILLE):
-                anfang = stelle - vor
-                if anfang < 0:
-                    break
-                länge = self._gleich(anfang, proben)
-                if länge > vor + 100 and (not bester or länge > bester.bis - bester.von):
-                    bester = Klang(datei, anfang, anfang + länge, len(proben), self)
-        return bester
-
-    def _gleich(self, anfang, proben):
+    def _gleich(self, anfang, welle):
         """How many samples of a wave are heard from there on."""
-        länge = 0
-        ende = min(len(proben), len(self.proben) - anfang)
-        while länge < ende and abs(self.proben[anfang + länge] - proben[länge]) <= SPIEL:
-            länge += 1
-        return länge
+        return self._erste(0, min(len(welle), len(self.proben) - anfang),
+                           lambda i: abs(self.proben[anfang + i] - welle[i]) > SPIEL)
 
 
 class Klang:
-    def __init__(self, datei, von, bis, länge, aufnahme):
-        self.datei, self.von, self.bis = datei, von, bis
-        self.dauer = 1000 * (bis - von) / RATE  # ms
-        self.ganz = 1000 * (von + länge - bis) / RATE <= 10
-        self.beginn, self.ende = aufnahme.zeit(von), aufnahme.zeit(max(von, bis - 1))
+    def __init__(self, datei, von, länge, ganze_länge, aufnahme):
+        self.datei, self.von, self.bis = datei, von, von + länge
+        self.dauer = 1000 * länge / RATE  # ms
+        self.ganz = 1000 * (ganze_länge - länge) / RATE <= 10
+        self.beginn, self.ende = aufnahme.zeit(von), aufnahme.zeit(self.bis - 1)
 
     def __repr__(self):
         return f"{self.datei} {self.dauer:.0f} ms{'' if self.ganz else ' (abgeschnitten)'}"
-
-
-def oder_überspringen():
-    """Ends the process with 77 where there is no sound server to be started."""
-    fehlt = [name for name in ("pulseaudio", "pactl", "parec") if not shutil.which(name)]
-    if fehlt:
-        print(f"übersprungen: {', '.join(fehlt)} fehlt (siehe scripts/pakete.sh)")
-        sys.exit(77)

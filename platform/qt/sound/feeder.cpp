@@ -19,9 +19,6 @@ namespace {
 constexpr int buffer = 20;
 /// Milliseconds for threads and server to get their turn.
 constexpr int slack = 20;
-/// After that much silence the stream is stopped, and closed. The connection stays, which costs nothing.
-constexpr auto stopAfter = 5s;
-constexpr auto closeAfter = 60s;
 /// A server that has not answered for so long is given up.
 constexpr auto openingLimit = 2s;
 constexpr auto answerLimit = 1s;
@@ -30,8 +27,8 @@ constexpr auto pause = 1s;
 /// Milliseconds that the first opening is taken to last, and the least for later ones.
 constexpr int firstOpening = 250;
 constexpr int laterOpening = 100;
-/// How long the last click may hold up the end of the program.
-constexpr auto lastSound = 150ms;
+/// How long the last click may hold up the end of the program: the server may be busy.
+constexpr auto lastSound = 500ms;
 /// What is believed of a device's delay (µs).
 constexpr pa_usec_t longestDelay = 2'000'000;
 /// A device that is so much further than it was told to be had been idle (µs).
@@ -69,8 +66,9 @@ void Feeder::FreeStream::operator()(pa_stream* stream) const {
     pa_stream_unref(stream);
 }
 
-Feeder::Feeder()
-    : delay_(firstOpening)
+Feeder::Feeder(SoundRest rest)
+    : rest_(rest)
+    , delay_(firstOpening)
     , loop_(pa_mainloop_new())
     , openingDelay_(firstOpening) {
     if (!loop_)
@@ -114,11 +112,20 @@ void Feeder::run() {
         int wait = -1;
         if (const Time next = due(); next != Time::max())
             wait = static_cast<int>(std::max(0us, ceil<microseconds>(next - steady_clock::now())).count());
-        if (pa_mainloop_prepare(loop_.get(), wait) < 0 || pa_mainloop_poll(loop_.get()) < 0 ||
-            pa_mainloop_dispatch(loop_.get()) < 0)
+        if (pa_mainloop_prepare(loop_.get(), wait) < 0)
+            break;
+        wakeForOrders();
+        if (pa_mainloop_poll(loop_.get()) < 0 || pa_mainloop_dispatch(loop_.get()) < 0)
             break;
     }
     part(Time::max(), silent);
+}
+
+/// To prepare a turn of the loop forgets the calls that came since the orders were taken.
+void Feeder::wakeForOrders() {
+    const std::lock_guard lock(mutex_);
+    if (ordered_ || (end_ && !endBy_))
+        pa_mainloop_wakeup(loop_.get());
 }
 
 bool Feeder::takeOrders() {
@@ -130,7 +137,8 @@ bool Feeder::takeOrders() {
     const Time now = steady_clock::now();
     if (!endBy_)
         endBy_ = now + lastSound;
-    return now < *endBy_ && (waiting_ || (phase_ == Phase::running && now < soundEnd_));
+    return now < *endBy_ &&
+           (waiting_ || (phase_ == Phase::running && !drained_ && (draining_ || now < soundEnd_)));
 }
 
 void Feeder::step() {
@@ -142,10 +150,10 @@ void Feeder::step() {
     else if ((reaching && now >= since_ + openingLimit) || (asked_ && now >= *asked_ + answerLimit))
         part(now + pause, silent);
 
+    if (phase_ == Phase::apart && waiting_ && now >= retry_)
+        connect();
     if (phase_ == Phase::apart && now < retry_)
         waiting_ = nullptr;
-    if (phase_ == Phase::apart && waiting_)
-        connect();
     if (phase_ == Phase::connecting && pa_context_get_state(context_.get()) == PA_CONTEXT_READY)
         phase_ = Phase::resting;
     if (phase_ == Phase::resting && waiting_)
@@ -154,9 +162,11 @@ void Feeder::step() {
         opened();
     if ((phase_ == Phase::stopped || phase_ == Phase::running) && waiting_)
         hand(*std::exchange(waiting_, nullptr));
-    if (phase_ == Phase::running && now >= soundEnd_ + stopAfter && !setStopped(true))
+    if (phase_ == Phase::running && endBy_ && !draining_)
+        drain();
+    if (phase_ == Phase::running && now >= soundEnd_ + rest_.stop && !setStopped(true))
         part(now, firstOpening);
-    if (phase_ == Phase::stopped && now >= soundEnd_ + closeAfter)
+    if (phase_ == Phase::stopped && now >= soundEnd_ + rest_.close)
         close();
 }
 
@@ -165,9 +175,9 @@ Feeder::Time Feeder::due() const {
     if (phase_ == Phase::connecting || phase_ == Phase::opening)
         next = std::min(next, since_ + openingLimit);
     if (phase_ == Phase::running)
-        next = std::min(next, endBy_ ? soundEnd_ : soundEnd_ + stopAfter);
+        next = std::min(next, soundEnd_ + rest_.stop);
     if (phase_ == Phase::stopped)
-        next = std::min(next, soundEnd_ + closeAfter);
+        next = std::min(next, soundEnd_ + rest_.close);
     if (asked_)
         next = std::min(next, *asked_ + answerLimit);
     return next;
@@ -182,7 +192,10 @@ void Feeder::connect() {
     since_ = steady_clock::now();
     phase_ = Phase::connecting;
     context_.reset(pa_context_new(pa_mainloop_get_api(loop_.get()), "Klopfmeise"));
-    if (!context_ || pa_context_connect(context_.get(), nullptr, PA_CONTEXT_NOFLAGS, nullptr) < 0 || broken())
+    // A server that is not there is not started: the library would wait for it in here. One that the desktop
+    // starts on demand comes all the same.
+    if (!context_ || pa_context_connect(context_.get(), nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr) < 0 ||
+        broken())
         part(since_ + pause, silent);
 }
 
@@ -259,6 +272,16 @@ void Feeder::ask(Time now) {
         asked_ = now;
 }
 
+void Feeder::drain() {
+    pa_operation* order = pa_stream_drain(stream_.get(), &Feeder::allPlayed, this);
+    if (!order) {
+        part(Time::max(), silent);
+        return;
+    }
+    pa_operation_unref(order);
+    draining_ = true;
+}
+
 bool Feeder::setStopped(bool stopped) {
     pa_operation* order = pa_stream_cork(stream_.get(), stopped, nullptr, nullptr);
     if (!order)
@@ -301,5 +324,7 @@ void Feeder::delayTold(pa_stream* stream, int success, void* feeder) {
         self.queueEnd_ = steady_clock::now() + microseconds(told->sink_usec - told->configured_sink_usec) +
                          milliseconds(self.handed_ * 1000 / waveRate);
 }
+
+void Feeder::allPlayed(pa_stream*, int, void* feeder) { static_cast<Feeder*>(feeder)->drained_ = true; }
 
 } // namespace klopfmeise

@@ -15,12 +15,19 @@ struct pa_stream;
 
 namespace klopfmeise {
 
+/// After how much silence the stream is stopped, so that the device can sleep, and closed. The connection
+/// stays, which costs nothing.
+struct SoundRest {
+    std::chrono::milliseconds stop{5'000};
+    std::chrono::milliseconds close{60'000};
+};
+
 /// One stream to the sound server, fed by a thread of its own: whatever the server does, nobody here waits
-/// for it. The stream is opened for a wave, stopped after some seconds of rest, so that the device can sleep,
-/// and closed when the rest goes on. Each wave is handed over whole: nothing has to be fed while it sounds.
+/// for it. The stream is opened for a wave, stopped when it rests and closed when the rest goes on. Each wave
+/// is handed over whole: nothing has to be fed while it sounds.
 class Feeder {
 public:
-    Feeder();
+    explicit Feeder(SoundRest rest = {});
     /// Lets a short sound that was just ordered come to its end.
     ~Feeder();
     Feeder(const Feeder&) = delete;
@@ -48,6 +55,7 @@ private:
     void run();
     /// Takes what was ordered since the last time. False once the feeder shall end.
     bool takeOrders();
+    void wakeForOrders();
     void step();
     /// When something has to be done by the clock alone.
     Time due() const;
@@ -58,12 +66,16 @@ private:
     void hand(const Wave& wave);
     bool writeWave(const Wave& wave, Time now);
     void ask(Time now);
+    void drain();
     bool setStopped(bool stopped);
     void close();
     /// The server went, or does not answer; no sound is tried again before `retry`.
     void part(Time retry, int delay);
     int openDelay() const;
     static void delayTold(pa_stream* stream, int success, void* feeder);
+    static void allPlayed(pa_stream* stream, int success, void* feeder);
+
+    const SoundRest rest_;
 
     // Between the threads.
     std::mutex mutex_;
@@ -96,6 +108,9 @@ private:
     /// When the server was asked what it has not answered yet.
     std::optional<Time> asked_;
     std::optional<Time> endBy_;
+    /// At the end: whether the server was told that nothing more comes, and has said that all is heard.
+    bool draining_ = false;
+    bool drained_ = false;
 
     std::thread thread_;
 };

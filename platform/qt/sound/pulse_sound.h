@@ -11,8 +11,9 @@ namespace klopfmeise {
 /// Wave files through the sound server of this machine. Each file is read when it is first played and kept.
 class PulseSound final : public Sound {
 public:
-    explicit PulseSound(Files& files)
-        : files_(files) {}
+    explicit PulseSound(Files& files, SoundRest rest = {})
+        : files_(files)
+        , feeder_(rest) {}
 
     int play(const std::wstring& path) override;
 
