@@ -6,18 +6,27 @@ namespace klopfmeise {
 
 using enum InputMark::Kind;
 
-void InputLine::enter(const InputMark& mark, std::function<void()> serve) {
+void InputLine::enter(const InputMark& told, std::function<void()> serve) {
+    InputMark mark = told;
+    if (splitRepeat(mark)) {
+        inputs_.pop_back();
+        mark.repeat = true;
+    }
+    resting_ = false;
     // Of a held key only the last release is one.
     if (mark.repeat && (mark.kind == keyUp || repeatWaits(mark)))
         return;
-    if (splitRepeat(mark)) {
-        inputs_.pop_back();
-        return;
-    }
     if (mark.kind == mouseMove && !inputs_.empty() && inputs_.back().mark.kind == mouseMove &&
         inputs_.back().mark.window == mark.window)
         inputs_.pop_back();
     inputs_.push_back({mark, std::move(serve)});
+    if (mark.kind == keyUp && mark.time != 0 && shortly) {
+        resting_ = true;
+        shortly([this, release = ++releases_] {
+            resting_ = resting_ && release != releases_;
+            wake();
+        });
+    }
     wake();
 }
 
@@ -48,7 +57,7 @@ void InputLine::serve() {
         return;
     serving_ = true;
     runReactions();
-    if (!inputs_.empty()) {
+    if (!inputs_.empty() && !restingRelease()) {
         const Input input = std::move(inputs_.front());
         inputs_.pop_front();
         input.serve();

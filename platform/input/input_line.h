@@ -29,6 +29,10 @@ public:
     std::function<bool()> busy;
     /// Called when something waits that can be served.
     std::function<void()> wake;
+    /// Calls `then` some milliseconds later. Where there is one, a release waits so long for what may come
+    /// behind it: machines tell the repeat of a held key as a release and a press of the same time, and the
+    /// press may arrive a little later.
+    std::function<void(std::function<void()> then)> shortly;
 
     void enter(const InputMark& mark, std::function<void()> serve);
     /// Runs `reaction` behind the input being served, before the next one.
@@ -36,6 +40,8 @@ public:
     /// Serves the reactions and the first input in line with its own; nothing while a handler runs.
     void serve();
     bool empty() const { return inputs_.empty() && reactions_.empty(); }
+    /// True if there is something that need not wait any longer.
+    bool ready() const { return !reactions_.empty() || (!inputs_.empty() && !restingRelease()); }
 
 private:
     struct Input {
@@ -47,11 +53,16 @@ private:
     /// A repeat whose release and press arrived apart, so that the machine's toolkit took them for two
     /// strokes: the press bears the very time of the release before it, which is still in line.
     bool splitRepeat(const InputMark& mark) const;
+    /// True if all that is in line is a release behind which something may come.
+    bool restingRelease() const { return resting_ && inputs_.size() == 1; }
     void runReactions();
 
     std::deque<Input> inputs_;
     std::deque<std::function<void()>> reactions_;
     bool serving_ = false;
+    /// The last input is a release that waits, the one of this number.
+    bool resting_ = false;
+    std::uint64_t releases_ = 0;
 };
 
 } // namespace klopfmeise

@@ -51,6 +51,10 @@ InputMark markOf(const QObject& window, const QEvent& event) {
 InputQueue::InputQueue() {
     line_.busy = [this] { return takingIn_ || busy(); };
     line_.wake = [this] { serveLater(); };
+    line_.shortly = [this](std::function<void()> then) {
+        constexpr int splitRepeats = 10;
+        QTimer::singleShot(splitRepeats, Qt::PreciseTimer, this, std::move(then));
+    };
 }
 
 bool InputQueue::eventFilter(QObject* window, QEvent* event) {
@@ -113,7 +117,7 @@ void InputQueue::serve() {
     served();
     // The next one in another turn of the event loop, so that timers tick and the screen is painted between
     // keys that wait in line.
-    if (!line_.empty())
+    if (line_.ready())
         serveLater();
 }
 

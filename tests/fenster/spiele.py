@@ -70,10 +70,25 @@ def wolken(breite, höhe):
         spiel.verlassen()
 
 
+def farbige_spalten(schirm):
+    """Columns of the shaft, from 1, in which a figure shows."""
+    def farbig(spalte, reihe):
+        farbe = schirm.farbe(305 + 21 * (spalte - 1), 487 - 21 * (reihe - 1))
+        return max(farbe) - min(farbe) > 40 or max(farbe) < 120
+    return [spalte for spalte in range(1, 11) if any(farbig(spalte, reihe) for reihe in range(1, 24))]
+
+
 def steine(breite, höhe):
     with Schirm(breite, höhe) as schirm:
         spiel = Spiel(schirm, STEINE, START_STEINE, "fj fj", "21_steine")
         spiel.beginnen()
+        time.sleep(3.2)
+        vorher = farbige_spalten(schirm)
+        # The display repeats a held key after 0.2 s, 33 times a second.
+        schirm.befehl("xdotool", "-", eingabe="keydown --delay 0 41\nsleep 1.5\nkeyup --delay 0 41\n")
+        nachher = farbige_spalten(schirm)
+        prüfe(nachher in ([s - 1 for s in vorher], [s + 1 for s in vorher]),
+              f"eine gehaltene Taste schob die Figur von den Spalten {vorher} auf {nachher}")
         fotos = {6: "laufend", 9: "hoch"}
         for wurf in range(1, 60):
             if spiel.bereit():

@@ -66,14 +66,41 @@ TEST_F(InputLineTest, OfAHeldKeyOneRepeatWaits) {
     // A release and a press of the same time are a repeat.
     key("a", keyDown, 1, false, 10);
     key("lost", keyUp, 1, false, 40);
-    key("lost", keyDown, 1, false, 40);
+    key("repeat", keyDown, 1, false, 40);
+    key("lost", keyUp, 1, false, 60);
+    key("lost", keyDown, 1, false, 60);
     key("A", keyUp, 1, false, 70);
     key("b", keyDown, 2, false, 70);
     key("B", keyUp, 2, false, 80);
     key("b", keyDown, 2, false, 90);
     key("B", keyUp, 2);
     key("b", keyDown, 2);
-    EXPECT_EQ(served(), "a A b B b B b");
+    EXPECT_EQ(served(), "a repeat A b B b B b");
+}
+
+TEST_F(InputLineTest, AReleaseWaitsAMomentForThePressThatMakesItARepeat) {
+    std::vector<std::function<void()>> later;
+    line.shortly = [&](std::function<void()> then) { later.push_back(std::move(then)); };
+    const auto served = [&] {
+        for (int i = 0; i < 5; ++i)
+            line.serve();
+        return diary.take();
+    };
+    key("a", keyDown, 1, false, 10);
+    key("lost", keyUp, 1, false, 40);
+    EXPECT_EQ(served(), "a");
+    EXPECT_FALSE(line.ready());
+    key("repeat", keyDown, 1, false, 40);
+    EXPECT_EQ(served(), "repeat");
+    key("A", keyUp, 1, false, 70);
+    later.front()();
+    EXPECT_EQ(served(), "") << "the moment of an earlier release";
+    later.back()();
+    EXPECT_EQ(served(), "A");
+    key("b", keyDown, 2, false, 80);
+    key("B", keyUp, 2, false, 90);
+    key("c", keyDown, 3, false, 95);
+    EXPECT_EQ(served(), "b B c") << "behind a release comes something else";
 }
 
 TEST_F(InputLineTest, AMoveOfTheMouseTakesThePlaceOfTheOneBeforeIt) {
