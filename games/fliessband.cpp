@@ -3,8 +3,6 @@
 #include "games/ziehung.h"
 #include "screens/formnamen.h"
 
-#include <algorithm>
-
 namespace klopfmeise {
 
 namespace {
@@ -41,16 +39,19 @@ void Fließband::Startaufstellung() {
 
 void Fließband::zeigen() {
     steineZeigen();
-    const std::wstring rad = L"rad_" + std::to_wstring(std::max(1, spiel_.Radbild));
-    imgRad_1.setPicture({rad});
-    imgRad_2.setPicture({rad});
+    // Until they turn for the first time the wheels stand as they are.
+    if (spiel_.Radbild > 0)
+        for (Picture* rad : {&imgRad_1, &imgRad_2})
+            rad->setPicture({L"rad_" + std::to_wstring(spiel_.Radbild)});
     lblPunkte.setCaption(std::to_wstring(spiel_.Punkte));
     Timer1.setInterval(spiel_.Intervall);
     Timer1.setEnabled(spiel_.läuft);
     Timer2.setEnabled(spiel_.läuft);
-    rahmen_.cmdNeuesSpiel.setVisible(!spiel_.läuft);
+    rahmen_.startZeigen(!spiel_.läuft);
     const bool offen = spiel_.läuft && spiel_.Position <= Bandspiel::Steinzahl;
-    rahmen_.ansagen(offen ? std::wstring(1, spiel_.lblStein().zeichen) : L"", spiel_.Punkte);
+    // With its place, so that the second of two like stones is told as well.
+    rahmen_.ansagen(offen ? spiel_.lblStein().zeichen + (L" " + std::to_wstring(spiel_.Position)) : L"",
+                    spiel_.Punkte);
 }
 
 void Fließband::steineZeigen() {
@@ -121,7 +122,7 @@ void Fließband::danebentippen() {
 
 void Fließband::gruppeFertig() {
     spiel_.gutschreiben();
-    zeigen();
+    lblPunkte.setCaption(std::to_wstring(spiel_.Punkte));
     lblPunkte.repaint();
     umgebung_.klang(L"typewriterding.wav");
     spiel_.Beschleunigen();

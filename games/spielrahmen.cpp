@@ -4,6 +4,7 @@
 #include "screens/anzeigen.h"
 #include "store/kursplatz.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -13,32 +14,39 @@ namespace {
 
 constexpr const wchar_t* unspielbar =
     L"Auf dieser Stufe kann man nicht spielen. Bitte sage deiner Lehrkraft Bescheid.";
-/// Of the line under START; it is wider than the button and stands on the middle of the form.
-constexpr Rect hinweisplatz(const Rect& start) { return {900, start.bottom() + 60, 10200, 300}; }
-constexpr int rekordBreite = 3000;
+constexpr const wchar_t* nichtGespeichert = L"Dein Ergebnis konnte nicht gespeichert werden.";
+/// Three lines of 32 characters under the middle of START.
+constexpr Rect hinweisplatz(const Rect& start) {
+    constexpr int breite = 4650;
+    return {start.left + (start.width - breite) / 2, start.bottom() + 60, breite, 840};
+}
+/// Six characters, as the form's right edge is near.
+constexpr int rekordBreite = 2700;
+/// Milliseconds that an end without a high score is seen at least, where nothing is heard.
+constexpr int abschied = 1000;
 constexpr Color rekordfarbe = RGB(0, 192, 192);
 
 } // namespace
 
 Spielrahmen::Spielrahmen(Form& form, const Umgebung& umgebung, SpielLook look)
-    : cmdNeuesSpiel(form, L"cmdNeuesSpiel", look.cmdNeuesSpiel,
+    : form_(form)
+    , umgebung_(umgebung)
+    , satz_(look.rekord)
+    , cmdNeuesSpiel(form, L"cmdNeuesSpiel", look.cmdNeuesSpiel,
                     {.caption = L"START",
                      .font = {courier, 36, true},
                      .back = colors::blush,
                      .tabStop = false,
                      .click = std::move(look.start)})
-    , form_(form)
-    , umgebung_(umgebung)
-    , satz_(look.rekord)
     , lblHigh(form, L"lblHigh", look.lblHigh,
               {.font = {courier, 36, true}, .align = Align::center, .mostWidth = rekordBreite, .wrap = false})
     , LblLektion(form, L"LblLektion", {3675, 8610, 2520, 240}, {.fore = colors::midGrey, .wrap = false})
-    , lblUnspielbar(form, L"lblUnspielbar", hinweisplatz(look.cmdNeuesSpiel),
-                    {.caption = unspielbar,
-                     .back = colors::white,
-                     .align = Align::center,
-                     .border = true,
-                     .visible = false})
+    , lblHinweis(form, L"lblHinweis", hinweisplatz(look.cmdNeuesSpiel),
+                 {.font = {courier, 12},
+                  .back = colors::white,
+                  .align = Align::center,
+                  .border = true,
+                  .visible = false})
     , fuß_(form, umgebung,
            {.übung = look.übung,
             .grund = colors::coral,
@@ -55,7 +63,15 @@ std::wstring Spielrahmen::kursplatzLesen() {
 
 void Spielrahmen::freigeben(bool spielbar) {
     cmdNeuesSpiel.setEnabled(spielbar);
-    lblUnspielbar.setVisible(!spielbar);
+    const bool verloren = std::exchange(verloren_, false);
+    lblHinweis.setCaption(spielbar ? nichtGespeichert : unspielbar);
+    lblHinweis.setVisible(!spielbar || verloren);
+}
+
+void Spielrahmen::startZeigen(bool bereit) {
+    cmdNeuesSpiel.setVisible(bereit);
+    if (!bereit)
+        lblHinweis.hide();
 }
 
 void Spielrahmen::rekordLesen() {
@@ -67,16 +83,19 @@ void Spielrahmen::rekordZeigen() {
     lblHigh.setCaption(Rekord ? textAus(*Rekord, umgebung_.dezimalzeichen()) : unbekannt);
 }
 
-void Spielrahmen::Rekordpruefung(double Punkte) {
+void Spielrahmen::Rekordpruefung(int Punkte) {
+    ergebnis_ = L"Spielende, " + std::to_wstring(Punkte) + L" Punkte";
     const Spielausgang ausgang =
         rekordFortschreiben(umgebung_.dateien(), umgebung_.global, satz_, Punkte, Rekord);
     Rekord = ausgang.Rekord;
     rekordZeigen();
     lblHigh.repaint();
+    verloren_ = ausgang.verloren;
     if (!ausgang.neuerRekord) {
-        umgebung_.klang(L"falsch.wav");
+        form_.runtime().wait(std::max(abschied, umgebung_.klang(L"falsch.wav")));
         return;
     }
+    ergebnis_ += L", neuer High-Score";
     umgebung_.klang(L"typewriterding.wav");
     constexpr int blinken = 10;
     for (int i = 0; i < blinken; ++i)
@@ -99,11 +118,13 @@ void Spielrahmen::bildAbwarten(double beginn) {
 }
 
 void Spielrahmen::ansagen(const std::wstring& tasten, int Punkte) {
-    if (tasten == angesagteTasten_ && Punkte == angesagtePunkte_)
+    if (tasten == angesagteTasten_ && Punkte == angesagtePunkte_ && ergebnis_.empty())
         return;
     ansage_ = tasten;
-    if (Punkte != angesagtePunkte_)
-        ansage_ += (tasten.empty() ? L"" : L", ") + std::to_wstring(Punkte) + L" Punkte";
+    if (tasten.empty())
+        ansage_ = std::exchange(ergebnis_, {});
+    else if (Punkte != angesagtePunkte_)
+        ansage_ += L", " + std::to_wstring(Punkte) + L" Punkte";
     angesagteTasten_ = tasten;
     angesagtePunkte_ = Punkte;
 }

@@ -35,12 +35,16 @@ public:
     /// Reads the child's place in the course afresh, shows it, and seeds the random generator. Gives the text
     /// of the stage, or an empty one.
     std::wstring kursplatzLesen();
-    /// START can be pressed, or a line under it says that the stage is none to play on.
+    /// START can be pressed, or it is said under it that the stage is none to play on. If the score of the
+    /// game before was lost, that is said there.
     void freigeben(bool spielbar);
+    /// START stands there before a game; what is said under it goes with it.
+    void startZeigen(bool bereit);
     /// Reads the high score that the game's account holds and shows it.
     void rekordLesen();
-    /// A game has ended by its own rule: writes the high score if it is one, and lets it be heard and seen.
-    void Rekordpruefung(double Punkte);
+    /// A game has ended by its own rule: writes the high score if it is one, and lets that be heard and seen.
+    /// Else too the form stands for a moment, so that the child sees how the game ended.
+    void Rekordpruefung(int Punkte);
 
     /// Lets time pass with nothing served, in seconds.
     void Kurzwarten(double sekunden);
@@ -48,11 +52,11 @@ public:
     /// picture.
     void bildAbwarten(double beginn);
 
-    /// What assistive technology is told: what to type next, and the score if that has changed since.
+    /// What assistive technology is told: what to type next, and the score if that has changed since; behind
+    /// the end of a game, how it ended.
     const std::wstring& ansage() const { return ansage_; }
+    /// `tasten` is empty where there is nothing to type. Once a handler, at its end.
     void ansagen(const std::wstring& tasten, int Punkte);
-
-    Button cmdNeuesSpiel;
 
 private:
     void rekordZeigen();
@@ -62,13 +66,16 @@ private:
     Kontosatz satz_;
     /// None if it could not be read.
     std::optional<Wert> Rekord;
+    bool verloren_ = false;
     std::wstring ansage_;
+    std::wstring ergebnis_;
     std::wstring angesagteTasten_;
     int angesagtePunkte_ = 0;
 
+    Button cmdNeuesSpiel;
     Label lblHigh;
     Label LblLektion;
-    Label lblUnspielbar;
+    Label lblHinweis;
     Übungsfuß fuß_;
 };
 

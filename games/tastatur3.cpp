@@ -37,7 +37,7 @@ void Tastatur3::zeigen() {
     lblZeit.setFore(spiel_.zeitRot ? colors::red : colors::black);
     lblPunkte.setCaption(std::to_wstring(spiel_.Punkte));
     Timer1.setEnabled(spiel_.läuft);
-    rahmen_.cmdNeuesSpiel.setVisible(!spiel_.läuft);
+    rahmen_.startZeigen(!spiel_.läuft);
     rahmen_.ansagen(spiel_.läuft ? spiel_.lblLinks + L" " + spiel_.lblRechts : L"", spiel_.Punkte);
 }
 

@@ -16,6 +16,8 @@ public:
     explicit Tastatur3(const Umgebung& umgebung);
 
     void Form_Load() override;
+    /// A key that was down when another window came was released there.
+    void Form_Activate() override { spiel_.Form_KeyUp(); }
     void Form_KeyPress(KeyPress& taste) override;
     void Form_KeyUp() override { spiel_.Form_KeyUp(); }
     std::wstring spokenTarget() const override { return rahmen_.ansage(); }

@@ -6,7 +6,7 @@
 namespace klopfmeise {
 
 Tetris::Tetris(const Umgebung& umgebung)
-    : Form(umgebung.runtime, formname::Tetris, {.picture = L"hintergrund_steine"})
+    : Form(umgebung.runtime, formname::Tetris, {.back = colors::blush, .picture = L"hintergrund_steine"})
     , umgebung_(umgebung) {}
 
 void Tetris::Form_Load() {
@@ -32,7 +32,7 @@ void Tetris::zeigen() {
     lblScore.setCaption(std::to_wstring(spiel_.lblScore));
     Timer1.setInterval(spiel_.Intervall);
     Timer1.setEnabled(spiel_.läuft);
-    rahmen_.cmdNeuesSpiel.setVisible(!spiel_.läuft);
+    rahmen_.startZeigen(!spiel_.läuft);
     rahmen_.ansagen(spiel_.läuft && !spiel_.lblLinks.empty() ? spiel_.lblLinks + L" " + spiel_.lblRechts
                                                              : L"",
                     spiel_.lblScore);

@@ -2,9 +2,18 @@
 
 #include "platform/values/text.h"
 
+#include <algorithm>
+
 namespace klopfmeise {
 
 namespace {
+
+bool ziehbar(wchar_t zeichen) {
+    constexpr wchar_t festesLeerzeichen = 0xA0;
+    constexpr wchar_t weichesTrennzeichen = 0xAD;
+    return (zeichen > L' ' && zeichen < 0x7F) ||
+           (zeichen > festesLeerzeichen && zeichen != weichesTrennzeichen);
+}
 
 wchar_t anZufälligerStelle(std::wstring_view text, Random& zufall) {
     const double stelle = Int(static_cast<double>(text.size()) * zufall.next() + 1);
@@ -13,21 +22,17 @@ wchar_t anZufälligerStelle(std::wstring_view text, Random& zufall) {
 
 } // namespace
 
-bool hatZeichen(std::wstring_view Stufentext) {
-    return Stufentext.find_first_not_of(L' ') != std::wstring_view::npos;
-}
+bool hatZeichen(std::wstring_view Stufentext) { return std::ranges::any_of(Stufentext, ziehbar); }
 
 bool hatPaar(std::wstring_view Stufentext) {
-    const auto erstes = Stufentext.find_first_not_of(L' ');
-    if (erstes == std::wstring_view::npos)
-        return false;
-    const wchar_t schonDa[] = {L' ', Stufentext[erstes], 0};
-    return Stufentext.find_first_not_of(schonDa) != std::wstring_view::npos;
+    const auto erstes = std::ranges::find_if(Stufentext, ziehbar);
+    return std::any_of(erstes, Stufentext.end(),
+                       [&](wchar_t zeichen) { return ziehbar(zeichen) && zeichen != *erstes; });
 }
 
 wchar_t zeichenZiehen(std::wstring_view Stufentext, Random& zufall) {
     wchar_t zeichen = L' ';
-    while (zeichen == L' ')
+    while (!ziehbar(zeichen))
         zeichen = anZufälligerStelle(Stufentext, zufall);
     return zeichen;
 }
@@ -37,7 +42,7 @@ Zeichenpaar paarZiehen(std::wstring_view Stufentext, Random& zufall) {
     do {
         paar.erstes = anZufälligerStelle(Stufentext, zufall);
         paar.zweites = anZufälligerStelle(Stufentext, zufall);
-    } while (paar.erstes == paar.zweites || paar.erstes == L' ' || paar.zweites == L' ');
+    } while (paar.erstes == paar.zweites || !ziehbar(paar.erstes) || !ziehbar(paar.zweites));
     return paar;
 }
 

@@ -7,7 +7,8 @@
 namespace klopfmeise {
 
 // The characters of a game come out of the text of the child's stage: every position of it is drawn alike, so
-// that a character that stands there often comes up often. A blank is never drawn.
+// that a character that stands there often comes up often. Blanks are never drawn, nor what nobody could see
+// on a stone: tabs and other control characters, blanks that do not break.
 
 /// True if the text has a character that can be drawn.
 bool hatZeichen(std::wstring_view Stufentext);

@@ -19,9 +19,9 @@ LabelLook feld(std::wstring text, Color grund) {
 } // namespace
 
 Fußzeile::Fußzeile(Container& form, std::wstring Übung, Color grund)
-    : Label3_1(form, L"Label3", {105, 7980, 840, 240}, {.caption = L"Name:"}, 1)
+    : Label3_1(form, L"Label3", {105, 7980, 600, 240}, {.caption = L"Name:"}, 1)
     , Label3_0(form, L"Label3", {105, 8295, 840, 240}, {.caption = L"Klasse:"}, 0)
-    , Label3_13(form, L"Label3", {105, 8610, 840, 240}, {.caption = L"Übung:"}, 13)
+    , Label3_13(form, L"Label3", {105, 8610, 720, 240}, {.caption = L"Übung:"}, 13)
     , LblName(form, L"LblName", {945, 7980, 2640, 225}, feld(L"", colors::white))
     , LblKlasse(form, L"LblKlasse", {945, 8295, 2640, 225}, feld(L"", colors::white))
     , LblÜb(form, L"LblÜb", {945, 8610, 2640, 225}, feld(std::move(Übung), grund)) {}

@@ -53,12 +53,16 @@ Spielausgang rekordFortschreiben(Files& dateien, const Globale& global, Kontosat
     Kontodatei datei(dateien, kontopfad(global));
     const Wert alt = rekordAus(datei, spiel);
     if (!datei.gut())
-        return {rekord, false};
+        return {rekord, false, !rekord || punkte > zahl(*rekord)};
     Wert Rekord = rekord.value_or(alt);
-    if (std::isfinite(punkte) && punkte > zahl(Rekord))
-        if (const Wert neu = punktwert(spiel, punkte); datei.schreiben(spiel, neu) && datei.schließen())
-            Rekord = neu;
-    return {Rekord, zahl(Rekord) > zahl(alt)};
+    const bool höher = std::isfinite(punkte) && punkte > zahl(Rekord);
+    if (höher) {
+        const Wert neu = punktwert(spiel, punkte);
+        if (!datei.schreiben(spiel, neu) || !datei.schließen())
+            return {Rekord, false, true};
+        Rekord = neu;
+    }
+    return {Rekord, zahl(Rekord) > zahl(alt), false};
 }
 
 } // namespace klopfmeise

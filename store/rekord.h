@@ -17,6 +17,8 @@ struct Spielausgang {
     std::optional<Wert> Rekord;
     /// It is above the one that the account held before.
     bool neuerRekord = false;
+    /// The score would have been one, but could not be read or written.
+    bool verloren = false;
 };
 
 /// Reads the high score that the account holds and writes `punkte` in its place if they are more than

@@ -33,7 +33,7 @@ struct FormLook {
     std::wstring caption = L"Klopfmeise";
     int width = 12000;
     int height = 9000;
-    /// Of a frame: the ground behind its child windows.
+    /// The ground; of a frame, that behind its child windows.
     Color back = colors::panel;
     /// Name of the drawing behind all controls.
     std::wstring picture = {};

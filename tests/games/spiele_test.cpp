@@ -2,6 +2,7 @@
 #include "platform/controls/drawn.h"
 #include "platform/controls/panels.h"
 #include "platform/forms/timer.h"
+#include "tests/ausfallende_dateien.h"
 #include "tests/buehne.h"
 
 #include <algorithm>
@@ -23,7 +24,8 @@ std::string satzbytes(std::int16_t marke, const void* zahl, std::size_t länge) 
 /// One of the games on the stage.
 class Spielbühne : public Bühne {
 public:
-    explicit Spielbühne(int nummer, const std::string& text = "fj fj") {
+    explicit Spielbühne(int nummer, const std::string& text = "fj fj", Files* dateien = nullptr)
+        : Bühne(dateien) {
         lektion(1, "Einzeiler", {text});
         kindWählen();
         nummer_ = nummer;
@@ -117,7 +119,9 @@ TEST(Spiele, OnlyAHigherScoreIsStoredHeardAndSeen) {
             // What is seen in the waits that follow the end.
             std::vector<Color> farben;
             std::string gespeichert;
+            std::wstring zuletzt;
             b.imWarten = [&](int dauer) {
+                zuletzt = b.punkte();
                 if (b.sound.played.back() != L"typewriterding.wav" || dauer != 100)
                     return;
                 gespeichert = b.slot(slot, bytes(0).size());
@@ -127,6 +131,9 @@ TEST(Spiele, OnlyAHigherScoreIsStoredHeardAndSeen) {
             };
             b.spielen();
             EXPECT_EQ(b.punkte(), L"0");
+            EXPECT_EQ(b.runtime.active()->spokenTarget(), L"Spielende, " + std::to_wstring(erreicht) +
+                                                              L" Punkte" +
+                                                              (über < 0 ? L", neuer High-Score" : L""));
             if (über < 0) {
                 EXPECT_EQ(gespeichert, bytes(erreicht)) << "written before the blinking";
                 ASSERT_EQ(farben.size(), 20u);
@@ -138,23 +145,44 @@ TEST(Spiele, OnlyAHigherScoreIsStoredHeardAndSeen) {
                 EXPECT_EQ(b.slot(slot, 16), vorher);
                 EXPECT_EQ(b.caption(L"lblHigh"), std::to_wstring(erreicht + über));
                 EXPECT_EQ(b.sound.played.back(), L"falsch.wav");
+                EXPECT_EQ(zuletzt, std::to_wstring(erreicht))
+                    << "the end is seen before the page is ready again";
             }
             EXPECT_EQ(zahlAus(b.satz(Kontosatz::Lektionsnummer)).value_or(0), 0) << "a game moves nobody on";
         }
     }
 }
 
+TEST(Spiele, AScoreThatCannotBeStoredIsNotLostWithoutAWord) {
+    AusfallendeDateien dateien;
+    Spielbühne b(4, "fj fj", &dateien);
+    b.betreten();
+    b.beginnen();
+    while (!b.start().visible()) {
+        dateien.ausfallenBei(2);
+        b.user.type(L'\r');
+        b.user.pass(300);
+    }
+    EXPECT_EQ(b.sound.played.back(), L"falsch.wav");
+    EXPECT_EQ(b.caption(L"lblHigh"), L"0");
+    EXPECT_TRUE(b.control<Label>(L"lblHinweis").visible());
+    EXPECT_EQ(b.caption(L"lblHinweis"), L"Dein Ergebnis konnte nicht gespeichert werden.");
+    b.beginnen();
+    EXPECT_FALSE(b.control<Label>(L"lblHinweis").visible());
+}
+
 TEST(Spiele, AStageWithoutAPairOrAnAccountCannotBePlayedOn) {
     for (const int nummer : {3, 4, 5}) {
         SCOPED_TRACE(nummer);
-        Spielbühne b(nummer, nummer == 5 ? "   " : "f f");
+        Spielbühne b(nummer, nummer == 5 ? " \t\xA0 " : "f \tf");
         b.betreten();
         for (const char* text : {"", "ab"}) {
             const bool geht = *text != 0;
             EXPECT_EQ(b.start().enabled(), geht);
-            EXPECT_EQ(b.control<Label>(L"lblUnspielbar").visible(), !geht);
-            EXPECT_EQ(b.caption(L"lblUnspielbar"),
-                      L"Auf dieser Stufe kann man nicht spielen. Bitte sage deiner Lehrkraft Bescheid.");
+            const auto& hinweis = b.control<Label>(L"lblHinweis");
+            EXPECT_EQ(hinweis.visible(), !geht);
+            EXPECT_TRUE(geht || hinweis.caption() == L"Auf dieser Stufe kann man nicht spielen. Bitte sage "
+                                                     L"deiner Lehrkraft Bescheid.");
             b.beginnen();
             EXPECT_EQ(b.start().visible(), !geht);
             b.lektion(1, "Einzeiler", {"ab"});
@@ -177,8 +205,13 @@ TEST(Spiele, TheThirdButtonDropsTheGameAndHelpLetsItGoOn) {
         b.betreten();
         EXPECT_EQ(b.caption(L"lblHigh"), L"0");
         b.beginnen();
-        b.user.pass(1100);
-        b.user.type(nummer == 4 ? L"\r" : nummer == 5 ? L"fjfjfjfjfj" : L" ");
+        for (int zug = 0; zug < 60 && (b.punkte() == L"0" || b.punkte()[0] == L'-'); ++zug) {
+            b.user.pass(1100);
+            b.user.type(nummer == 3   ? std::wstring(1, b.taste(L"lblLinks")) + L" "
+                        : nummer == 4 ? L"\r"
+                                      : std::wstring(1, b.nächster()));
+        }
+        ASSERT_GT(std::stoi(b.punkte()), 0);
         const double vorher = b.runtime.nextTick();
         b.user.click(L"imgHilfe");
         EXPECT_EQ(b.aktiv(), L"Hilfe");
@@ -346,7 +379,7 @@ TEST(Fließband, AStoneChangesWhenItsSoundIsOverAndTheGroupRunsBackInSight) {
     EXPECT_EQ(b.punkte(), L"4");
     EXPECT_EQ(b.stein(1).left(), links - 38 * 15);
     EXPECT_EQ(b.sound.played.back(), L"Fließbandfalsch.wav");
-    EXPECT_EQ(b.runtime.active()->spokenTarget(), L"f, 4 Punkte");
+    EXPECT_EQ(b.runtime.active()->spokenTarget(), L"f 2, 4 Punkte");
 }
 
 } // namespace

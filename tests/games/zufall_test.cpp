@@ -3,10 +3,13 @@
 #include "games/steinespiel.h"
 #include "games/wolkenspiel.h"
 #include "platform/controls/button.h"
+#include "platform/controls/drawn.h"
 #include "platform/headless/headless_services.h"
+#include "screens/uebungen.h"
 #include "tests/buehne.h"
 
 #include <gtest/gtest.h>
+#include <set>
 
 // Players who do anything at all: what must always hold is looked at after each of their moves.
 
@@ -52,23 +55,45 @@ void steinePrüfen(const Steinespiel& spiel, bool überdeckt) {
     ASSERT_GE(spiel.Fallbonus, 0);
 }
 
+/// Something in the shaft already: full rows but for two columns, so that some get full.
+void vorbelegen(Steinespiel& spiel, Spieler& spieler) {
+    const int lücke = spieler.bis(Steinespiel::Spalten - 1) + 1;
+    for (int y = 1; y <= spieler.bis(10); ++y)
+        for (int x = 1; x <= Steinespiel::Spalten; ++x)
+            if (x != lücke && x != lücke + 1) {
+                spiel.gelandet(x, y) = true;
+                spiel.farbe(x, y) = RGB(1, 1, 1);
+            }
+}
+
 TEST(Zufallsspieler, FindNoWayOutOfTheShaft) {
-    for (unsigned saat = 1; saat <= 400; ++saat) {
+    int gelöscht = 0;
+    int geprüft = 0;
+    int züge = 0;
+    for (unsigned saat = 1; saat <= 300; ++saat) {
         SCOPED_TRACE(saat);
         Spieler spieler(saat);
         Steinespiel spiel;
         spiel.Startaufstellung(text, spieler);
         spiel.starten();
+        bool vorbei = spiel.Timer1_Timer(spieler);
+        vorbelegen(spiel, spieler);
         bool überdeckt = false;
-        bool vorbei = false;
-        for (int zug = 0; zug < 3000 && !vorbei; ++zug) {
+        int ziel = 1;
+        for (int zug = 0; zug < 2000 && !vorbei; ++zug) {
             const int punkte = spiel.Punkte;
-            if (spieler.bis(4) == 0)
+            if (spieler.bis(4) == 0) {
+                const bool neu = spiel.SteinArt == 0;
                 vorbei = spiel.Timer1_Timer(spieler);
-            else {
-                spiel.Form_KeyUp();
-                const std::wstring tasten{L' ', L' ', L'\r', spiel.TasteLinks, spiel.TasteRechts, L'?'};
+                gelöscht += spiel.Punkte > punkte + 20;
+                ziel = neu ? spieler.bis(Steinespiel::Spalten) : ziel;
+            } else {
+                // Mostly towards a column, and down once there.
+                const wchar_t hin = ziel < spiel.SteinX ? spiel.TasteLinks : spiel.TasteRechts;
+                const std::wstring tasten{L' ', ziel == spiel.SteinX ? L'\r' : hin, hin, L'?',
+                                          spiel.TasteLinks};
                 const int spalte = spiel.SteinX;
+                spiel.Form_KeyUp();
                 spiel.Form_KeyPress(spieler.eineVon(tasten));
                 // Whoever pushes a figure that lies already leaves its cells behind, without their colour.
                 überdeckt = überdeckt || (spiel.SteinArt == 0 && spiel.SteinX != spalte);
@@ -78,11 +103,15 @@ TEST(Zufallsspieler, FindNoWayOutOfTheShaft) {
             for (int x = 4; x <= 7; ++x)
                 for (int y = Steinespiel::sichtbareReihen; y <= Steinespiel::Reihen; ++y)
                     überdeckt = überdeckt || spiel.gelandet(x, y);
+            ++züge;
+            geprüft += !überdeckt;
             if (!vorbei) {
                 ASSERT_NO_FATAL_FAILURE(steinePrüfen(spiel, überdeckt));
             }
         }
     }
+    EXPECT_GT(gelöscht, 20) << "rows got full";
+    EXPECT_GT(geprüft, züge / 2);
 }
 
 TEST(Zufallsspieler, KeepCloudsAndPushyBetweenTheTrees) {
@@ -139,18 +168,27 @@ TEST(Zufallsspieler, KeepTheStonesInTheirRow) {
     }
 }
 
-/// Plays a game on its form for two minutes; gives the account as it is then.
+/// Plays a game on its form for two minutes; gives the account as it is then. The high score never falls, and
+/// is one that was shown.
 std::string kontoNach(int nummer, unsigned saat) {
     Bühne b;
     b.random = SeededRandom(saat);
     b.lektion(1, "Einzeiler", {"asdf jk"});
     b.zurÜbung(nummer);
+    const auto satz = static_cast<Kontosatz>(static_cast<int>(Kontosatz::HighWolken) + nummer - ÜbungWolken);
+    const auto rekord = [&] { return zahlAus(b.satz(satz)).value_or(0); };
+    const std::wstring punkte = nummer == ÜbungSteine ? L"lblScore" : L"lblPunkte";
+    std::set<std::wstring> gezeigt{L"0"};
+    b.backend.duringWait = [&](int) { gezeigt.insert(b.caption(punkte)); };
     Spieler spieler(saat);
     for (int i = 0; i < 400; ++i) {
+        const double vorher = rekord();
         if (b.control<Button>(L"cmdNeuesSpiel").visible())
             b.user.click(L"cmdNeuesSpiel");
         b.user.type(spieler.eineVon(L"asdfjk  \r"));
         b.user.pass(spieler.bis(600));
+        EXPECT_GE(rekord(), vorher);
+        EXPECT_TRUE(gezeigt.contains(std::to_wstring(static_cast<int>(rekord()))));
     }
     return dateiinhalt(b.konto());
 }
