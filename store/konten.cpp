@@ -44,15 +44,15 @@ Kontoanlage kontoAnlegen(Files& dateien, const Globale& global, const std::wstri
     const bool neu = dateien.search(pfad).empty();
     Kontodatei datei(dateien, pfad);
     const Wert marke = datei.lesen(Kontosatz::Kontomarke);
-    if (!datei.gut())
-        return Kontoanlage::misslungen;
-    if (!gleich(marke, L""))
+    if (datei.gut() && !gleich(marke, L""))
         return Kontoanlage::vorhanden;
-    const bool geschrieben = datei.WerteSchreiben();
-    if (datei.schließen() && geschrieben)
+    if (datei.gut())
+        datei.WerteSchreiben();
+    if (datei.schließen())
         return Kontoanlage::angelegt;
-    // An empty file would be listed as a child.
-    if (neu)
+    // An empty file would be listed as a child. What is not empty goes by no means: a share that fails may
+    // have hidden an account before.
+    if (const auto inhalt = dateien.readAll(pfad, 1); neu && inhalt && inhalt->empty())
         dateien.removeFile(pfad);
     return Kontoanlage::misslungen;
 }

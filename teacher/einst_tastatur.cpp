@@ -87,6 +87,8 @@ void einstTastatur::Text1_KeyPress(KeyPress& taste) {
 void einstTastatur::cmdText1Ok_Click() {
     if (Namenseingabe())
         namenseingabeZeigen(false);
+    else
+        Text1.setFocus();
 }
 
 bool einstTastatur::Namenseingabe() {

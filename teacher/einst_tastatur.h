@@ -170,19 +170,19 @@ private:
     Frame Frame2{frmEinstellungen, L"Frame2", {105, 3675, 7785, 645}};
     OptionButton optVorlage_0{Frame2,
                               L"optVorlage",
-                              {105, 60, 3750, 525},
+                              {105, 60, 3600, 525},
                               option(L"Einzeilige Stufen ohne gedruckte Vorlage üben"),
                               0};
     OptionButton optVorlage_1{Frame2,
                               L"optVorlage",
-                              {3885, 60, 3750, 525},
+                              {3885, 60, 3600, 525},
                               option(L"Einzeilige Stufen mit gedruckter Vorlage üben"),
                               1};
 
     Frame Frame1{frmEinstellungen, L"Frame1", {105, 4305, 7785, 645}};
     OptionButton optBalken_0{
-        Frame1, L"optBalken", {105, 60, 3750, 525}, option(L"ohne Zeit üben (empfohlen)"), 0};
-    OptionButton optBalken_1{Frame1, L"optBalken", {3885, 60, 3750, 525}, option(L"mit Zeit üben"), 1};
+        Frame1, L"optBalken", {105, 60, 3600, 525}, option(L"ohne Zeit üben (empfohlen)"), 0};
+    OptionButton optBalken_1{Frame1, L"optBalken", {3885, 60, 3600, 525}, option(L"mit Zeit üben"), 1};
 
     Frame frmZeit{frmEinstellungen, L"frmZeit", {105, 4935, 7785, 750}, {.border = false, .visible = false}};
     Label Label1_3{
