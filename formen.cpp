@@ -12,6 +12,11 @@
 #include "games/tastatur3.h"
 #include "games/tetris.h"
 #include "screens/formnamen.h"
+#include "teacher/einst0.h"
+#include "teacher/einst_allgemein.h"
+#include "teacher/einst_code.h"
+#include "teacher/einst_haupt.h"
+#include "teacher/einst_klassen.h"
 #include "teacher/frm_abbildung.h"
 #include "teacher/frm_pfad.h"
 
@@ -42,6 +47,11 @@ void formenEintragen(const Umgebung& umgebung) {
     eintragen<Konto>(umgebung, formname::Konto);
     eintragen<frmAbbildung>(umgebung, formname::frmAbbildung);
     eintragen<frmPfad>(umgebung, formname::frmPfad);
+    eintragen<einst0>(umgebung, formname::einst0);
+    eintragen<einstKlassen>(umgebung, formname::einstKlassen);
+    eintragen<einstHaupt>(umgebung, formname::einstHaupt);
+    eintragen<einstAllgemein>(umgebung, formname::einstAllgemein);
+    eintragen<einstCode>(umgebung, formname::einstCode);
 }
 
 } // namespace klopfmeise

@@ -64,8 +64,8 @@ LabelLook Lern1::angabe(const wchar_t* text) { return {.caption = text}; }
 
 void Lern1::Zurück() {
     // A server that was out of reach may have come back.
-    if (Dir1.itemCount() == 0)
-        KlassenLesen();
+    if (klassen_.leer())
+        klassen_.lesen();
     fuß_.LblÜb.setBack(colors::white);
     fuß_.LblÜb.setCaption(L"");
     frmKlasse.show();
@@ -79,28 +79,9 @@ void Lern1::Zurück() {
     frmSprache.hide();
 }
 
-void Lern1::KlassenLesen() {
-    Dir1.setPath(umgebung_.global.Datenpfad + L"Gruppen\\");
-    ScrGruppe.setMax(std::max(0, Dir1.itemCount() - 1));
-    KlassenlisteFüllen();
-}
-
-void Lern1::KlassenlisteFüllen() {
-    for (int i = 0; i <= LblGruppe.last(); ++i)
-        LblGruppe(i).setCaption(L"");
-    for (int i = 0; i <= LblGruppe.last(); ++i) {
-        const int k = ScrGruppe.value() + i;
-        if (k >= Dir1.itemCount())
-            break;
-        LblGruppe(i).setCaption(Dir1.item(k));
-    }
-    for (int i = 0; i <= LblGruppe.last(); ++i)
-        LblGruppe(i).setVisible(!LblGruppe(i).caption().empty());
-}
-
 void Lern1::Form_Activate() {
     Globale& global = umgebung_.global;
-    KlassenLesen();
+    klassen_.lesen();
     global.AktuelleUebungNr = 0;
     global.AktuelleUebung.clear();
     repaint();
@@ -121,23 +102,10 @@ void Lern1::Form_Activate() {
     cmdAllesZurück.show();
 }
 
-void Lern1::keineGruppeHervorheben() {
-    for (int i = 0; i <= LblGruppe.last(); ++i)
-        LblGruppe(i).setBack(std::nullopt);
-}
-
-void Lern1::LblGruppe_MouseMove(int index) {
-    // The mouse moves many times within one row; only the first move changes anything.
-    if (LblGruppe(index).back())
-        return;
-    keineGruppeHervorheben();
-    LblGruppe(index).setBack(colors::blush);
-}
-
-void Lern1::LblGruppe_MouseDown(int index) {
+void Lern1::LblGruppe_MouseDown(const std::wstring& klasse) {
     Globale& global = umgebung_.global;
     knopfklang();
-    global.AktuelleKlasse = LblGruppe(index).caption() + L"\\";
+    global.AktuelleKlasse = klasse + L"\\";
     fuß_.LblKlasse.setCaption(global.AktuelleKlasse);
     fuß_.LblKlasse.repaint();
     File1.setPath(klassenordner(global));

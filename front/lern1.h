@@ -4,11 +4,11 @@
 #include "platform/controls/control_array.h"
 #include "platform/controls/lists.h"
 #include "platform/controls/panels.h"
-#include "platform/controls/ranges.h"
 #include "platform/controls/text_box.h"
 #include "platform/forms/form.h"
 #include "screens/bildknopf.h"
 #include "screens/fusszeile.h"
+#include "screens/klassenliste.h"
 #include "screens/umgebung.h"
 
 namespace klopfmeise {
@@ -22,18 +22,14 @@ public:
 
     void Form_Load() override { centre(); }
     void Form_Activate() override;
-    void Form_MouseMove() override { keineGruppeHervorheben(); }
+    void Form_MouseMove() override { klassen_.keineHervorheben(); }
 
 private:
     void Zurück();
-    void KlassenLesen();
-    void KlassenlisteFüllen();
-    void keineGruppeHervorheben();
     void ZugangsTest();
     void FußknöpfeZeigen(bool zeigen);
 
-    void LblGruppe_MouseMove(int index);
-    void LblGruppe_MouseDown(int index);
+    void LblGruppe_MouseDown(const std::wstring& klasse);
     void File1_MouseDown();
     void cmdAllesZurück_Click();
     void cmdLehrkraft_Click();
@@ -58,7 +54,6 @@ private:
     Umgebung umgebung_;
 
     Fußzeile fuß_{*this};
-    FolderList Dir1{*this, L"Dir1", {0, 0, 1200, 600}, {.visible = false}};
 
     static constexpr Rect Rahmenplatz{2205, 2520, 7470, 4530};
     static constexpr Rect Kopfplatz{105, 0, 7260, 435};
@@ -83,31 +78,20 @@ private:
         bildknopf(umgebung_, L"knopf_zurueck", L"Zurück", [this] { cmdAllesZurück_Click(); })};
 
     Frame frmKlasse{*this, L"frmKlasse", Rahmenplatz, {.visible = false, .mouseMove = [this] {
-                                                           keineGruppeHervorheben();
+                                                           klassen_.keineHervorheben();
                                                        }}};
     Label Label1_0{frmKlasse, L"Label1", Kopfplatz, überschrift(L"Wähle deine Gruppe!"), 0};
     Shape Shape2{frmKlasse, L"Shape2", {1260, 570, 4935, 3915}, {.outline = colors::white}};
-    ControlArray<Label> LblGruppe{frmKlasse,
-                                  L"LblGruppe",
-                                  0,
-                                  8,
-                                  [](int i) {
-                                      return Rect{1365, 630 + 420 * i, 4320, 435};
-                                  },
-                                  [this](int i) {
-                                      return LabelLook{
-                                          .font = {courier, 18, true},
-                                          .wrap = false,
-                                          .pointer = Pointer::hand,
-                                          .mouseDown = [this, i](MouseButton) { LblGruppe_MouseDown(i); },
-                                          .mouseMove = [this, i] { LblGruppe_MouseMove(i); }};
-                                  }};
-    ScrollBar ScrGruppe{frmKlasse,
-                        L"ScrGruppe",
-                        {5790, 630, 330, 3795},
-                        {.largeStep = 9, .vertical = true, .spoken = L"Gruppen blättern", .change = [this] {
-                             KlassenlisteFüllen();
-                         }}};
+    Klassenliste klassen_{
+        *this,
+        frmKlasse,
+        umgebung_,
+        {.ersteZeile = {1365, 630, 4320, 435},
+         .abstand = 420,
+         .schrift = {courier, 18, true},
+         .bildlauf = {5790, 630, 330, 3795},
+         .großerSchritt = 9,
+         .gedrückt = [this](const std::wstring& klasse, MouseButton) { LblGruppe_MouseDown(klasse); }}};
 
     Frame frmNamen{*this, L"frmNamen", Rahmenplatz, {.visible = false}};
     Label Label1_1{frmNamen, L"Label1", Kopfplatz, überschrift(L"Wähle deinen Namen!"), 1};

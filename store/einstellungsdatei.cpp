@@ -3,14 +3,22 @@
 #include "store/kontodatei.h"
 #include "store/pfade.h"
 
+#include <algorithm>
+
 namespace klopfmeise {
 
 namespace {
 
 constexpr int satzTextname = 106;
+constexpr int schaltersätze = 100;
+constexpr const wchar_t* dateiname = L"KME.ein";
+
+std::wstring ordnerVon(const Globale& global, const std::wstring& klasse) {
+    return global.Datenpfad + L"Gruppen\\" + klasse;
+}
 
 Kontodatei einstellungsdatei(Files& dateien, const Globale& global) {
-    return Kontodatei(dateien, klassenordner(global) + L"KME.ein");
+    return Kontodatei(dateien, klassenordner(global) + dateiname);
 }
 
 } // namespace
@@ -21,6 +29,29 @@ std::array<bool, Übungszahl> angebotLesen(Files& dateien, const Globale& global
     for (std::size_t i = 0; i < angebot.size(); ++i)
         angebot[i] = gleich(datei.lesen(static_cast<int>(i) + 1), 1);
     return angebot;
+}
+
+std::optional<std::array<bool, Übungszahl>> schalterLesen(Files& dateien, const Globale& global,
+                                                          const std::wstring& klasse) {
+    if (klasse.empty() || !dateien.folderExists(ordnerVon(global, klasse)))
+        return std::nullopt;
+    Kontodatei datei(dateien, ordnerVon(global, klasse) + dateiname);
+    std::array<bool, Übungszahl> schalter{};
+    for (int i = 1; i <= Übungszahl; ++i)
+        schalter[static_cast<std::size_t>(i) - 1] = gleich(datei.lesen(i), 1);
+    return datei.gut() ? std::optional(schalter) : std::nullopt;
+}
+
+void schalterSchreiben(Files& dateien, const Globale& global, const std::wstring& klasse,
+                       const std::array<bool, Übungszahl>& schalter) {
+    if (klasse.empty() || !dateien.folderExists(ordnerVon(global, klasse)))
+        return;
+    Kontodatei datei(dateien, ordnerVon(global, klasse) + dateiname);
+    for (int i = 1; i <= schaltersätze; ++i) {
+        const int schalternummer = std::min(i, Übungszahl);
+        const bool an = schalter[static_cast<std::size_t>(schalternummer) - 1];
+        datei.schreiben(i, std::int16_t{an});
+    }
 }
 
 std::wstring textnameLesen(Files& dateien, const Globale& global) {

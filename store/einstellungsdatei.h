@@ -3,6 +3,7 @@
 #include "store/globale.h"
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -15,6 +16,15 @@ inline constexpr int Übungszahl = 5;
 /// What the class's `KME.ein` switches on, by the exercises' numbers less one. A switch is on only if its
 /// record equals 1; a file that is missing is created empty and offers nothing.
 std::array<bool, Übungszahl> angebotLesen(Files& dateien, const Globale& global);
+
+/// The switches of a class, by its folder's name with a backslash, as the settings screen shows them; none if
+/// they could not be read or there is no such class.
+std::optional<std::array<bool, Übungszahl>> schalterLesen(Files& dateien, const Globale& global,
+                                                          const std::wstring& klasse);
+/// Writes them: records 1 to 100, those above 5 with the value of record 5. Nothing is made or written for a
+/// class that is gone, nor in the template of the new classes.
+void schalterSchreiben(Files& dateien, const Globale& global, const std::wstring& klasse,
+                       const std::array<bool, Übungszahl>& schalter);
 
 /// File name of the class's text, record 106; empty where none is chosen.
 std::wstring textnameLesen(Files& dateien, const Globale& global);

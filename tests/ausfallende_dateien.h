@@ -47,6 +47,7 @@ public:
     }
     std::wstring search(const std::wstring& path) override { return trifft() ? L"" : echt_.search(path); }
     bool folderExists(const std::wstring& path) override { return !trifft() && echt_.folderExists(path); }
+    bool isLink(const std::wstring& path) override { return !trifft() && echt_.isLink(path); }
     std::vector<std::wstring> listFiles(const std::wstring& folder, std::wstring_view pattern) override {
         return trifft() ? std::vector<std::wstring>() : echt_.listFiles(folder, pattern);
     }

@@ -205,6 +205,12 @@ bool PosixFiles::folderExists(const std::wstring& path) {
     return ::stat(resolved(machinePath(path)).c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
+bool PosixFiles::isLink(const std::wstring& path) {
+    struct stat status {};
+    return ::lstat(withoutEndSlash(resolved(machinePath(path))).c_str(), &status) == 0 &&
+           S_ISLNK(status.st_mode);
+}
+
 std::vector<std::wstring> PosixFiles::listFiles(const std::wstring& folder, std::wstring_view pattern) {
     return list(folder, false, [&](const std::wstring& name) { return matches(name, pattern); });
 }
@@ -259,7 +265,7 @@ bool PosixFiles::rename(const std::wstring& from, const std::wstring& to) {
 }
 
 bool PosixFiles::removeFile(const std::wstring& path) {
-    return ::unlink(resolved(machinePath(path)).c_str()) == 0;
+    return ::unlink(withoutEndSlash(resolved(machinePath(path))).c_str()) == 0;
 }
 
 std::wstring PosixFiles::shown(const std::wstring& path) const {

@@ -14,6 +14,7 @@ public:
     bool writeAll(const std::wstring& path, std::string_view bytes) override;
     std::wstring search(const std::wstring& path) override;
     bool folderExists(const std::wstring& path) override;
+    bool isLink(const std::wstring& path) override;
     std::vector<std::wstring> listFiles(const std::wstring& folder, std::wstring_view pattern) override;
     std::vector<std::wstring> listFolders(const std::wstring& folder) override;
     bool makeFolder(const std::wstring& path) override;

@@ -68,6 +68,9 @@ public:
     /// The name of the file at exactly this path, as it is written on disk; empty if there is none.
     virtual std::wstring search(const std::wstring& path) = 0;
     virtual bool folderExists(const std::wstring& path) = 0;
+    /// True if the path is a link to somewhere else, whether to a file, a folder or nothing. `removeFile`
+    /// takes the link away and leaves what it points at.
+    virtual bool isLink(const std::wstring& path) = 0;
     /// Names of the files in `folder` that match `pattern` (`*` and `?`), sorted as a reader sorts.
     virtual std::vector<std::wstring> listFiles(const std::wstring& folder, std::wstring_view pattern) = 0;
     /// Names of the folders in `folder`, sorted.
