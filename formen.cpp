@@ -17,6 +17,7 @@
 #include "teacher/einst_code.h"
 #include "teacher/einst_haupt.h"
 #include "teacher/einst_klassen.h"
+#include "teacher/einst_texte.h"
 #include "teacher/frm_abbildung.h"
 #include "teacher/frm_pfad.h"
 
@@ -50,6 +51,7 @@ void formenEintragen(const Umgebung& umgebung) {
     eintragen<einst0>(umgebung, formname::einst0);
     eintragen<einstKlassen>(umgebung, formname::einstKlassen);
     eintragen<einstHaupt>(umgebung, formname::einstHaupt);
+    eintragen<einstTexte>(umgebung, formname::einstTexte);
     eintragen<einstAllgemein>(umgebung, formname::einstAllgemein);
     eintragen<einstCode>(umgebung, formname::einstCode);
 }
