@@ -158,15 +158,17 @@ void einstTexte::txtNeuerText_KeyPress(KeyPress& taste) {
 }
 
 void einstTexte::cmdAufgabeOk_Click() {
-    frmNeuerText.hide();
     const std::wstring name = txtNeuerText.text();
-    if (name.empty() || !freigeben())
-        return;
-    const auto datei = textAnlegen(umgebung_.dateien(), umgebung_.global, name);
-    fileText.refresh();
-    if (datei && auswählen(*datei) && frmText.visible())
+    frmNeuerText.hide();
+    if (!name.empty() && freigeben()) {
+        const auto datei = textAnlegen(umgebung_.dateien(), umgebung_.global, name);
+        fileText.refresh();
+        if (datei)
+            auswählen(*datei);
+        anzeigen();
+    }
+    if (frmText.visible())
         Text1.setFocus();
-    anzeigen();
 }
 
 void einstTexte::cmdTextLöschen_Click() {
