@@ -57,12 +57,13 @@ private:
     bool gewählt_ = true;
     wchar_t untippbar_ = 0;
 
-    FileList fileText{*this,
-                      L"fileText",
-                      {105, 210, 2325, 3240},
-                      {.pattern = std::wstring(Textmuster), .spoken = L"Eigene Texte", .click = [this] {
-                           fileText_Click();
-                       }}};
+    FileList fileText{
+        *this,
+        L"fileText",
+        {105, 210, 2325, 3240},
+        {.pattern = std::wstring(Textmuster), .font = klein, .spoken = L"Eigene Texte", .click = [this] {
+             fileText_Click();
+         }}};
     Button cmdNeuerText{*this,
                         L"cmdNeuerText",
                         {105, 3570, 1170, 1275},
