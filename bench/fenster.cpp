@@ -1,9 +1,13 @@
 // What a key costs in real windows, repaint included, and what is painted anew by it. The toolkit draws into
 // memory (platform "offscreen"); time is that of the process on the processor, and the tenth of a second for
-// which a key stays lit is passed over, as it would hide the work.
+// which a key stays lit is passed over, as it would hide the work. `bench_fenster spiele` measures the shaft
+// of "Fallende Steine", on a screen of 1280 by 1024.
 
 #include "bench/fliesstext.h"
 #include "formen.h"
+#include "games/figuren.h"
+#include "games/steinespiel.h"
+#include "platform/controls/button.h"
 #include "platform/controls/drawn.h"
 #include "platform/controls/lists.h"
 #include "platform/controls/panels.h"
@@ -16,12 +20,15 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QPaintEvent>
+#include <QTemporaryFile>
 #include <QWindow>
 
 #include <dirent.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
+#include <cstring>
 #include <ctime>
 #include <map>
 #include <set>
@@ -84,8 +91,10 @@ public:
 
 class Probe {
 public:
-    explicit Probe(QtBackend& qt)
-        : qt_(qt) {
+    explicit Probe(QtBackend& qt, Random* zufall = nullptr)
+        : qt_(qt)
+        , runtime(ohneWarten_, {uhr, zufall ? *zufall : bühne.random, bühne.sound, bühne.echteDateien,
+                                bühne.registry, bühne.shell}) {
         qt_.setRuntime(runtime);
         formenEintragen({runtime, global});
         global.Programmpfad = L"\\nirgends\\";
@@ -112,8 +121,10 @@ public:
         const Form* form = runtime.active();
         QWindow* fenster = static_cast<QtFormView*>(form->view())->widget().window()->windowHandle();
         for (const auto art : {QEvent::KeyPress, QEvent::KeyRelease}) {
-            QKeyEvent event(art, zeichen == ' ' ? Qt::Key_Space : Qt::Key_A + (zeichen - 'a'), Qt::NoModifier,
-                            QString(QLatin1Char(zeichen)));
+            const int taste = zeichen == ' '    ? Qt::Key_Space
+                              : zeichen == '\r' ? Qt::Key_Return
+                                                : Qt::Key_A + (zeichen - 'a');
+            QKeyEvent event(art, taste, Qt::NoModifier, QString(QLatin1Char(zeichen)));
             QCoreApplication::sendEvent(fenster, &event);
         }
         ruhe();
@@ -129,8 +140,7 @@ private:
     OhneWarten ohneWarten_{qt_};
 
 public:
-    FormRuntime runtime{ohneWarten_,
-                        {uhr, bühne.random, bühne.sound, bühne.echteDateien, bühne.registry, bühne.shell}};
+    FormRuntime runtime;
 };
 
 struct Tastenkosten {
@@ -301,12 +311,160 @@ void bilderZählen(QtBackend& qt) {
                 Messzoom, gezählt.size(), mib, grund);
 }
 
+// A tick of "Fallende Steine" with a full shaft in which rows vanish.
+
+/// Brings figures by their kinds; the left key is the first letter of the stage, the right one the second.
+class Figurenfolge final : public Random {
+public:
+    explicit Figurenfolge(std::vector<int> arten)
+        : arten_(std::move(arten)) {}
+    void randomize() override {}
+    double next() override {
+        // A figure is drawn before the game, then with each landing two letters and a figure.
+        const int was = gezogen_++ % 3;
+        if (was > 0)
+            return was == 1 ? 0.0 : 0.75;
+        const int art = figur_ < arten_.size() ? arten_[figur_++] : 1;
+        return (art - 0.5) / Figurenzahl;
+    }
+
+private:
+    std::vector<int> arten_;
+    std::size_t figur_ = 0;
+    int gezogen_ = 0;
+};
+
+struct Taktkosten {
+    double cpu = 0;
+    double uhr = 0;
+    std::map<std::wstring, int> pixel;
+};
+
+class Schachtprobe {
+public:
+    explicit Schachtprobe(QtBackend& qt)
+        : probe_(qt, &zufall_) {
+        probe_.bühne.lektion(1, "Einzeiler", {"fj"});
+        form_ = &probe_.zeigen(L"Tetris");
+        probe_.runtime.dispatch(*form_, form_->find<Button>(L"cmdNeuesSpiel")->click());
+        takt();
+    }
+    /// Eight columns full, in squares and bars by turns, so that every cell gets another colour when two rows
+    /// vanish below. The last square stands over the other two.
+    void füllen() {
+        for (std::size_t i = 0; i + 1 < arten().size(); ++i) {
+            const bool quadrat = arten()[i] == 1;
+            werfen(quadrat ? static_cast<int>(i % 4) * 2 - 4 : static_cast<int>(i % 2) * 4 - 3);
+            takt();
+        }
+    }
+    void letzterWurf() { werfen(4); }
+    Taktkosten takt() {
+        Malzähler zähler;
+        const auto* widget = &static_cast<QtFormView*>(form_->view())->widget();
+        qApp->installEventFilter(&zähler);
+        const auto beginn = std::chrono::steady_clock::now();
+        const double vorher = cpuMs();
+        probe_.uhr.advance(1);
+        probe_.runtime.serveTimers();
+        probe_.ruhe();
+        Taktkosten kosten{
+            cpuMs() - vorher,
+            std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - beginn).count(),
+            std::move(zähler.pixel)};
+        seite = widget->width() * widget->height();
+        return kosten;
+    }
+    /// Cells of the shaft with another colour than white.
+    int gefärbt() {
+        int zahl = 0;
+        for (int i = 0; i < Steinespiel::Zellen; ++i)
+            zahl += form_->find<Shape>(L"Shape1", i)->fill() != colors::white;
+        return zahl;
+    }
+    int punkte() { return std::stoi(form_->find<Label>(L"lblScore")->caption()); }
+    int seite = 0;
+
+private:
+    /// By so many columns to the right, and down.
+    void werfen(int um) {
+        for (; um != 0; um += um < 0 ? 1 : -1)
+            probe_.taste(um < 0 ? 'f' : 'j');
+        probe_.taste('\r');
+    }
+    static const std::vector<int>& arten() {
+        static const std::vector<int> folge = [] {
+            std::vector<int> f;
+            for (int i = 0; i < 40; ++i)
+                f.push_back(i / 4 % 2 == 0 ? 1 : 2);
+            f.push_back(1);
+            return f;
+        }();
+        return folge;
+    }
+
+    Figurenfolge zufall_{arten()};
+    Probe probe_;
+    Form* form_ = nullptr;
+};
+
+void schachtMessen(QtBackend& qt) {
+    std::map<std::string, std::vector<Taktkosten>> gemessen;
+    int seite = 0;
+    for (int i = 0; i < Runden; ++i) {
+        Schachtprobe probe(qt);
+        // Below the two rows that are not seen.
+        probe.takt();
+        probe.takt();
+        gemessen["eine Figur fällt, Schacht leer"].push_back(probe.takt());
+        probe.füllen();
+        gemessen["eine Figur fällt, Schacht voll"].push_back(probe.takt());
+        probe.letzterWurf();
+        const int vorher = probe.gefärbt();
+        const int punkte = probe.punkte();
+        gemessen["zwei Reihen weg, Schacht voll"].push_back(probe.takt());
+        // Two rows went, and the next figure, a square, shows whole.
+        if (probe.gefärbt() != vorher - 2 * Steinespiel::Spalten + 4 || probe.punkte() <= punkte + 300)
+            std::printf("Falsch gemessen: %d statt %d Zellen, %d nach %d Punkten\n", probe.gefärbt(), vorher,
+                        probe.punkte(), punkte);
+        seite = probe.seite;
+    }
+    std::printf(
+        "\nEin Takt von \"Fallende Steine\" mit dem Malen, ms (Median aus %d, größter); Seite %d Pixel\n",
+        Runden, seite);
+    for (const auto& [name, kosten] : gemessen) {
+        std::vector<double> cpu;
+        std::vector<double> uhr;
+        for (const Taktkosten& k : kosten) {
+            cpu.push_back(k.cpu);
+            uhr.push_back(k.uhr);
+        }
+        std::printf("%-32s CPU %.2f (%.2f), Uhr %.2f (%.2f); neu gemalte Pixel:", name.c_str(), median(cpu),
+                    std::ranges::max(cpu), median(uhr), std::ranges::max(uhr));
+        for (const auto& [wo, pixel] : kosten.back().pixel)
+            std::printf(" %ls %d", wo.c_str(), pixel);
+        std::printf("\n");
+    }
+}
+
 } // namespace
 
 int main(int argc, char* argv[]) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
     std::setlocale(LC_CTYPE, "C.UTF-8");
+    const bool spiele = argc > 1 && std::strcmp(argv[1], "spiele") == 0;
+    QTemporaryFile schirm;
+    if (spiele) {
+        schirm.open();
+        schirm.write(R"({"screens": [{"name": "Schirm", "x": 0, "y": 0, "width": 1280, "height": 1024,
+                         "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+        schirm.flush();
+    }
+    qputenv("QT_QPA_PLATFORM", spiele ? "offscreen:configfile=" + schirm.fileName().toUtf8() : "offscreen");
     QtBackend qt(argc, argv);
+    if (spiele) {
+        schachtMessen(qt);
+        return 0;
+    }
     fliesstextMessen(qt);
     titelseiteMessen(qt);
     bilderZählen(qt);

@@ -3,6 +3,7 @@
 
 #include "bench/fliesstext.h"
 #include "course/textfenster.h"
+#include "games/steinespiel.h"
 #include "platform/machine/posix_files.h"
 #include "store/genauigkeit.h"
 #include "tests/buehne.h"
@@ -152,5 +153,50 @@ void umbruch(benchmark::State& state) {
         probe.text.Übernehmen();
 }
 BENCHMARK(umbruch)->Arg(200)->Arg(2000)->Arg(20000)->Arg(100000)->Unit(benchmark::kMillisecond);
+
+// A landing in "Fallende Steine" that clears a row below a full shaft, beside the copy of the game it begins
+// with.
+
+Steinespiel vollerSchacht() {
+    Steinespiel spiel;
+    SeededRandom zufall;
+    spiel.Startaufstellung(L"fj", zufall);
+    spiel.starten();
+    // The first tick brings the first figure.
+    benchmark::DoNotOptimize(spiel.Timer1_Timer(zufall));
+    for (int x = 1; x <= Steinespiel::Spalten; ++x)
+        for (int y = 1; y <= 20; ++y) {
+            spiel.gelandet(x, y) = y == 1 || (x + y) % 7 != 0;
+            spiel.farbe(x, y) = spiel.gelandet(x, y) ? RGB(x * 20, y * 10, 0) : colors::white;
+        }
+    // What has landed is laid into the shaft at the next tick.
+    spiel.Form_KeyPress(L'\r');
+    spiel.Form_KeyUp();
+    return spiel;
+}
+
+void fallen(benchmark::State& state) {
+    const Steinespiel vorher = vollerSchacht();
+    SeededRandom zufall;
+    int punkte = 0;
+    for (auto _ : state) {
+        Steinespiel spiel = vorher;
+        benchmark::DoNotOptimize(spiel.Fallen(zufall));
+        punkte = spiel.Punkte - vorher.Punkte;
+    }
+    // 20 or less for the landing, 200 or less for the row.
+    if (punkte <= 20)
+        state.SkipWithError("no row was cleared");
+}
+BENCHMARK(fallen);
+
+void fallenNurKopie(benchmark::State& state) {
+    const Steinespiel vorher = vollerSchacht();
+    for (auto _ : state) {
+        Steinespiel spiel = vorher;
+        benchmark::DoNotOptimize(spiel);
+    }
+}
+BENCHMARK(fallenNurKopie);
 
 } // namespace

@@ -6,6 +6,10 @@
  *                                     reaction to each key (latency), save a picture after each in DIR; else type at
  *                                     that pace and say which picture in DIR the screen matches once the keys have
  *                                     been worked off, that is, how many keys arrived
+ *   xprobe brisk AREA TEXT            as keys with GAP_MS 0, without pictures and with a quarter of a second at each key
+ *                                     for the reaction, the settling and what moves by itself: for a game, which goes on
+ *   xprobe drawn SECONDS              what is drawn in that time, by bursts: one line [rectangles, their pixels, pixels
+ *                                     that have another colour than before] each
  * Pixels are read from the root window (MIT-SHM) only when XDamage says something was drawn; the time of a change
  * is the arrival of that damage event, and a redraw with equal pixels does not count. */
 #define _GNU_SOURCE
@@ -234,13 +238,15 @@ static void learn_mask(double secs) {
     while (wait_change(end, 1, 1, NULL)) {}
 }
 
+/* without dir: brisk */
 static void cmd_keys(double gap, const char *text, const char *dir) {
     unsigned ch[2000];
     int n = decode(text, ch, 2000), answered = 0;
-    const double hold = 0.030, react_max = 1.0, settle = 0.6, drain = 8.0;
+    const double hold = 0.030, react_max = dir ? 1.0 : 0.25, settle = dir ? 0.6 : 0.25, drain = 8.0;
+    const double rest = dir ? 1.2 : 0.25;
     double t_first_key = 0;
     learn_mask(2.0);
-    if (gap == 0) save(picture(dir, 0));
+    if (gap == 0 && dir) save(picture(dir, 0));
     printf("{\"keys\": %d, \"latency_ms\": [", n);
     for (int i = 0; i < n; i++) {
         KeyCode mod, kc = find_key(ch[i], &mod);
@@ -271,8 +277,8 @@ static void cmd_keys(double gap, const char *text, const char *dir) {
         if (gap == 0 && i == 4 && !answered) n = 5; /* the program does not take keys at all */
         printf("%s%.2f", i ? ", " : "", first ? (first - t0) * 1e3 : -1);
         if (gap == 0) { /* unequal pauses, so that keys do not fall into step with a clock of the program */
-            save(picture(dir, i + 1));
-            learn_mask(1.2 + 0.001 * ((i * 7) % 40));
+            if (dir) save(picture(dir, i + 1));
+            learn_mask(rest + 0.001 * ((i * 7) % 40));
         }
     }
     double t = now();
@@ -286,15 +292,49 @@ static void cmd_keys(double gap, const char *text, const char *dir) {
     printf("}\n");
 }
 
+/* ---- what is drawn ---- */
+
+static void cmd_drawn(double secs) {
+    /* The parts of one reaction follow each other within a few ms; the quickest timer has 50. */
+    const double quiet = 0.010;
+    double end = now() + secs;
+    int rects = 0, pixels = 0, first = 1;
+    XDamageDestroy(d, damage);
+    damage = XDamageCreate(d, root, XDamageReportRawRectangles);
+    XSync(d, True); /* a new one begins with the whole window */
+    grab(), memcpy(last, img->data, (size_t)W * H * 4);
+    printf("[");
+    for (;;) {
+        while (XPending(d)) {
+            XEvent e;
+            XNextEvent(d, &e);
+            if (e.type != damage_event + XDamageNotify) continue;
+            const XRectangle *r = &((XDamageNotifyEvent *)&e)->area;
+            rects++, pixels += r->width * r->height;
+        }
+        double t = now(), left = rects ? quiet : end - t;
+        if (!rects && t >= end) break;
+        struct timespec ts = {(time_t)left, (long)((left - (time_t)left) * 1e9)};
+        struct pollfd p = {ConnectionNumber(d), POLLIN, 0};
+        if (ppoll(&p, 1, &ts, NULL) > 0 || !rects) continue;
+        printf("%s[%d, %d, %d]", first ? "" : ", ", rects, pixels, take_changes(0));
+        rects = pixels = first = 0;
+    }
+    printf("]\n");
+}
+
 int main(int argc, char **argv) {
     const char *c = argc > 1 ? argv[1] : "";
-    int keys = !strcmp(c, "keys") && argc > 5;
-    int paint = !strcmp(c, "paint") && argc > 3;
-    if (!keys && !paint) die("usage: paint FILE WIDTH [COLOUR] | keys GAP_MS AREA TEXT DIR");
+    int keys = !strcmp(c, "keys") && argc > 5, brisk = !strcmp(c, "brisk") && argc > 3;
+    int paint = !strcmp(c, "paint") && argc > 3, drawn = !strcmp(c, "drawn") && argc > 2;
+    if (!keys && !brisk && !paint && !drawn)
+        die("usage: paint FILE WIDTH [COLOUR] | keys GAP_MS AREA TEXT DIR | brisk AREA TEXT | drawn SECONDS");
     if (!(d = XOpenDisplay(NULL))) die("no display");
     root = DefaultRootWindow(d);
-    open_screen(keys ? argv[3] : NULL);
+    open_screen(keys ? argv[3] : brisk ? argv[2] : NULL);
     if (paint) cmd_paint(argv[2], atoi(argv[3]), argc > 4 ? argv[4] : NULL);
+    else if (drawn) cmd_drawn(atof(argv[2]));
+    else if (brisk) cmd_keys(0, argv[3], NULL);
     else cmd_keys(atof(argv[2]) / 1e3, argv[4], argv[5]);
     return 0;
 }

@@ -38,6 +38,11 @@ void einst0::Form_Resize() {
     zeileAnpassen();
 }
 
+void einst0::zeileAnpassen() {
+    Picture1.setWidth(width());
+    LblKlasse.setWidth(width());
+}
+
 void einst0::Form_Unload() { runtime().show(formname::Lern1); }
 
 void einst0::Klassen_Click() {

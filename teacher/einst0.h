@@ -33,7 +33,7 @@ private:
     void Code_Click();
     void Datenablage_Click();
     void Timer1_Timer();
-    void zeileAnpassen() { LblKlasse.setWidth(width()); }
+    void zeileAnpassen();
 
     Umgebung umgebung_;
 

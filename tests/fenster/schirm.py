@@ -146,10 +146,13 @@ class Schirm(contextlib.ExitStack):
     def _ort(self, x, y):
         return self._anfang + y * self._zeile + x * 4
 
-    def farbe(self, x, y):
-        """Colour as (red, green, blue)."""
-        ort = self._ort(*self.stelle(x, y))
+    def farbe_bei(self, x, y):
+        """Colour of a pixel as (red, green, blue)."""
+        ort = self._ort(x, y)
         return tuple(self._pixel[ort:ort + 3][::-1])
+
+    def farbe(self, x, y):
+        return self.farbe_bei(*self.stelle(x, y))
 
     def abdruck(self, x, y, breite, höhe):
         """The pixels of an area, to tell whether it changed."""
@@ -192,9 +195,13 @@ class Schirm(contextlib.ExitStack):
     # What a person does.
 
     def klick(self, x, y):
-        x, y = self.stelle(x, y)
+        self.klick_bei(*self.stelle(x, y))
+
+    def klick_bei(self, x, y, knopf=1):
+        """At a pixel."""
         # The pointer comes first, as programs may change what lies under it.
-        self.befehl("xdotool", "-", eingabe=f"mousemove {x} {y}\nsleep 0.02\nmousedown 1\nsleep 0.02\nmouseup 1\n")
+        self.befehl("xdotool", "-",
+                    eingabe=f"mousemove {x} {y}\nsleep 0.02\nmousedown {knopf}\nsleep 0.02\nmouseup {knopf}\n")
 
     @staticmethod
     def anschläge(text, je_sekunde):

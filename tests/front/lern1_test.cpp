@@ -204,7 +204,10 @@ TEST_F(Titelseite, AMissingOrShortCodeLetsEveryEntryIn) {
         b.registry.values["Pin"] = {Registry::Type::string, code};
         b.user.click(L"cmdLehrkraft");
         EXPECT_EQ(klang(L"cmdPinOk"), knopfklang) << code;
-        b.user.click(L"command1");
+        EXPECT_EQ(b.aktiv(), L"einstKlassen");
+        EXPECT_FALSE(b.runtime.loaded(L"Lern1"));
+        b.user.close(*b.runtime.loaded(L"einst0"));
+        EXPECT_EQ(b.aktiv(), L"Lern1");
     }
 }
 
