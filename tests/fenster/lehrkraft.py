@@ -7,8 +7,11 @@ import time
 
 sys.dont_write_bytecode = True
 from ablage import Ablage, ganz
-from klopfmeise import GRAU, LEHRKRAFT, Klopfmeise, gleich
+from klopfmeise import ENDE, GRAU, KLASSE_1, LEHRKRAFT, NAME_2, Klopfmeise, gleich
 from schirm import Schirm, ausführen, prüfe, warte
+
+
+TEXT_TIPPEN, WOLKEN = (316, 289), (393, 289)
 
 
 def lang(zahl):
@@ -163,6 +166,19 @@ def lehrkraft(breite, höhe):
         l.foto("38_code")
         l.taste("alt+F4")
         l.k.warte_auf("Klassenliste")
+        # The child's side obeys: the class by its new name, Ben behind Anna, the game closed, the new text.
+        l.k.geh(KLASSE_1, "Namensliste")
+        l.k.geh(NAME_2, "Menü")
+        schirm.klick(*WOLKEN)
+        schirm.foto_in_ruhe("39_spiel_geschlossen")
+        prüfe(l.k.zeigt("Menü"), "das geschlossene Spiel geht auf")
+        schirm.klick(*TEXT_TIPPEN)
+        warte(lambda: not l.k.zeigt("Menü"), "Text tippen")
+        schirm.ruhe()
+        schirm.tippe("Am Dienstag fahren wir los.", 10)
+        warte(lambda: satz(gruppen / "5c" / "Ben._", 40) == ganz(1), "der Text ist gezählt")
+        schirm.klick(*ENDE)
+        l.k.warte_auf("Menü")
         l.k.beenden()
 
 
