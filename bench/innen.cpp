@@ -4,8 +4,10 @@
 #include "bench/fliesstext.h"
 #include "course/textfenster.h"
 #include "games/steinespiel.h"
+#include "platform/controls/rich_text_box.h"
 #include "platform/machine/posix_files.h"
 #include "store/genauigkeit.h"
+#include "store/konten.h"
 #include "tests/buehne.h"
 
 #include <benchmark/benchmark.h>
@@ -71,6 +73,73 @@ void kontoNurSystemaufrufe(benchmark::State& state) {
     }
 }
 BENCHMARK(kontoNurSystemaufrufe);
+
+// A teacher moves a slider: seven records.
+
+void kurswerte(benchmark::State& state) {
+    Bühne bühne;
+    PosixFiles dateien;
+    bühne.kindWählen();
+    int lektion = 0;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(
+            kursparameterSchreiben(dateien, bühne.global, {.Lektionsnummer = ++lektion % 30 + 1}));
+}
+BENCHMARK(kurswerte);
+
+void kurswerteNurSystemaufrufe(benchmark::State& state) {
+    const Bühne bühne;
+    const std::string pfad = bühne.konto().string();
+    constexpr int sätze = 7;
+    const std::array<char, 6> long_mit_marke{3};
+    for (auto _ : state) {
+        const int datei = ::open(pfad.c_str(), O_RDWR | O_CLOEXEC);
+        for (int i = 0; i < sätze; ++i)
+            if (::pwrite(datei, long_mit_marke.data(), long_mit_marke.size(),
+                         (28 + i) * off_t{Kontodatei::Satzlänge}) < 0)
+                state.SkipWithError("the account cannot be reached");
+        ::close(datei);
+    }
+}
+BENCHMARK(kurswerteNurSystemaufrufe);
+
+/// The class of a thousand children opens in the teacher mode.
+void kontenseite(benchmark::State& state) {
+    Bühne& bühne = volleSchule().bühne;
+    bühne.öffnen(L"einst0");
+    bühne.global.AktuelleKlasse = L"Hasen\\";
+    for (auto _ : state) {
+        bühne.runtime.show(L"einstTastatur");
+        bühne.runtime.unload(L"einstTastatur");
+    }
+}
+BENCHMARK(kontenseite);
+
+// A key in an own text of so many characters, its save included; and a replacement of the same file alone.
+
+void texttaste(benchmark::State& state) {
+    Bühne bühne;
+    bühne.öffnen(L"einst0");
+    bühne.global.AktuelleKlasse = L"Hasen\\";
+    dateiSchreiben(bühne.daten() / "Data" / "Texte" / "Text_001.txt",
+                   fliesstext(static_cast<std::size_t>(state.range(0))));
+    bühne.runtime.show(L"einstTexte");
+    bühne.control<RichTextBox>(L"Text1").setFocus();
+    for (auto _ : state)
+        bühne.user.type(L'x');
+}
+BENCHMARK(texttaste)->Arg(200)->Arg(20000)->Unit(benchmark::kMillisecond);
+
+void textNurErsetzen(benchmark::State& state) {
+    const Wegwerfordner ordner;
+    PosixFiles dateien;
+    const std::wstring pfad = logikpfad(ordner.pfad() / "Text.txt");
+    const std::string bytes(static_cast<std::size_t>(state.range(0)), 'x');
+    for (auto _ : state)
+        if (!dateien.writeAll(pfad, bytes))
+            state.SkipWithError("the text cannot be written");
+}
+BENCHMARK(textNurErsetzen)->Arg(200)->Arg(20000)->Unit(benchmark::kMillisecond);
 
 // A school with a thousand classes and a thousand children in one of them.
 

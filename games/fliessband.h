@@ -41,13 +41,6 @@ private:
         PictureBox imgStein;
         Label lblStein;
     };
-    static LabelLook anzeige(const wchar_t* text, double punkt, int höchstens = 0) {
-        return {.caption = text,
-                .font = {courier, punkt, true},
-                .align = Align::center,
-                .mostWidth = höchstens,
-                .wrap = false};
-    }
     static constexpr LinePlace band(int x1, int x2, int y) {
         return {pixel(x1), pixel(y), pixel(x2), pixel(y)};
     }

@@ -10,6 +10,15 @@
 
 namespace klopfmeise {
 
+/// The look of a caption or a figure on a game: bold, about its middle. `höchstens`: see `mostWidth`.
+inline LabelLook anzeige(const wchar_t* text, double punkt, int höchstens = 0) {
+    return {.caption = text,
+            .font = {courier, punkt, true},
+            .align = Align::center,
+            .mostWidth = höchstens,
+            .wrap = false};
+}
+
 /// In which a game differs from the others at what they have in common.
 struct SpielLook {
     /// Number of the exercise in the menu.

@@ -31,14 +31,6 @@ private:
     /// Carries what stands in the game over to the controls.
     void zeigen();
 
-    static LabelLook anzeige(const wchar_t* text, double punkt, int höchstens = 0) {
-        return {.caption = text,
-                .font = {courier, punkt, true},
-                .align = Align::center,
-                .mostWidth = höchstens,
-                .wrap = false};
-    }
-
     Umgebung umgebung_;
     Wolkenspiel spiel_;
 

@@ -48,9 +48,6 @@ private:
         return {9345 + zellabstand * (zelle % Steinespiel::Vorschauspalten),
                 6615 + zellabstand * (zelle / Steinespiel::Vorschauspalten), zellseite, zellseite};
     }
-    static LabelLook anzeige(const wchar_t* text, double punkt) {
-        return {.caption = text, .font = {courier, punkt, true}, .align = Align::center, .wrap = false};
-    }
 
     Umgebung umgebung_;
     Steinespiel spiel_;

@@ -1,5 +1,6 @@
 #include "store/einstellungsdatei.h"
 
+#include "store/klassen.h"
 #include "store/kontodatei.h"
 #include "store/pfade.h"
 
@@ -33,7 +34,7 @@ std::array<bool, Übungszahl> angebotLesen(Files& dateien, const Globale& global
 
 std::optional<std::array<bool, Übungszahl>> schalterLesen(Files& dateien, const Globale& global,
                                                           const std::wstring& klasse) {
-    if (klasse.empty() || !dateien.folderExists(ordnerVon(global, klasse)))
+    if (!klasseZugänglich(dateien, global, klasse) || !dateien.folderExists(ordnerVon(global, klasse)))
         return std::nullopt;
     Kontodatei datei(dateien, ordnerVon(global, klasse) + dateiname);
     std::array<bool, Übungszahl> schalter{};
@@ -42,16 +43,18 @@ std::optional<std::array<bool, Übungszahl>> schalterLesen(Files& dateien, const
     return datei.gut() ? std::optional(schalter) : std::nullopt;
 }
 
-void schalterSchreiben(Files& dateien, const Globale& global, const std::wstring& klasse,
+bool schalterSchreiben(Files& dateien, const Globale& global, const std::wstring& klasse,
                        const std::array<bool, Übungszahl>& schalter) {
     if (klasse.empty() || !dateien.folderExists(ordnerVon(global, klasse)))
-        return;
+        return true;
+    if (!klasseZugänglich(dateien, global, klasse))
+        return false;
+    std::array<Wert, schaltersätze> werte;
+    for (std::size_t i = 0; i < werte.size(); ++i)
+        werte[i] = std::int16_t{schalter[std::min(i, schalter.size() - 1)]};
     Kontodatei datei(dateien, ordnerVon(global, klasse) + dateiname);
-    for (int i = 1; i <= schaltersätze; ++i) {
-        const int schalternummer = std::min(i, Übungszahl);
-        const bool an = schalter[static_cast<std::size_t>(schalternummer) - 1];
-        datei.schreiben(i, std::int16_t{an});
-    }
+    datei.schreiben(1, werte);
+    return datei.schließen();
 }
 
 std::wstring textnameLesen(Files& dateien, const Globale& global) {

@@ -21,9 +21,10 @@ std::array<bool, Übungszahl> angebotLesen(Files& dateien, const Globale& global
 /// they could not be read or there is no such class.
 std::optional<std::array<bool, Übungszahl>> schalterLesen(Files& dateien, const Globale& global,
                                                           const std::wstring& klasse);
-/// Writes them: records 1 to 100, those above 5 with the value of record 5. Nothing is made or written for a
-/// class that is gone, nor in the template of the new classes.
-void schalterSchreiben(Files& dateien, const Globale& global, const std::wstring& klasse,
+/// Writes them: records 1 to 100, those above 5 with the value of record 5, all or none. Nothing is made or
+/// written for a class that is gone, nor in the template of the new classes. False if a class that is there
+/// did not take them.
+bool schalterSchreiben(Files& dateien, const Globale& global, const std::wstring& klasse,
                        const std::array<bool, Übungszahl>& schalter);
 
 /// File name of the class's text, record 106; empty where none is chosen.

@@ -16,12 +16,21 @@ std::wstring ordnerVon(const Globale& global, const std::wstring& name) {
     return gruppenordner(global) + name + L"\\";
 }
 
+/// A folder of another system may bear such a name.
+bool führtHinaus(const std::wstring& name) {
+    return name.empty() || name == L"." || name == L".." || name.find_first_of(L"\\/") != std::wstring::npos;
+}
+
 } // namespace
 
 std::wstring gruppenordner(const Globale& global) { return global.Datenpfad + L"Gruppen\\"; }
 
 std::vector<std::wstring> klassenAuflisten(Files& dateien, const Globale& global) {
-    return dateien.listFolders(gruppenordner(global));
+    return dateien.listFolders(gruppenordner(global)).value_or(std::vector<std::wstring>());
+}
+
+bool klasseZugänglich(Files& dateien, const Globale& global, const std::wstring& klasse) {
+    return !klasse.empty() && !dateien.isLink(gruppenordner(global) + klasse);
 }
 
 Klassenanlage klasseAnlegen(Files& dateien, const Globale& global, const std::wstring& name) {
@@ -40,9 +49,14 @@ Klassenanlage klasseAnlegen(Files& dateien, const Globale& global, const std::ws
 
 Klassenlöschung klasseLöschen(Files& dateien, const Globale& global, const std::wstring& name) {
     const std::wstring ordner = ordnerVon(global, name);
+    if (führtHinaus(name))
+        return {.misslungen = true};
     if (dateien.isLink(ordner))
         return {.misslungen = !dateien.removeFile(ordner)};
-    if (!dateien.listFolders(ordner).empty())
+    const auto unterordner = dateien.listFolders(ordner);
+    if (!unterordner)
+        return {.misslungen = dateien.folderExists(ordner)};
+    if (!unterordner->empty())
         return {.hatUnterordner = true};
     for (const std::wstring& datei : dateien.listFiles(ordner, L"*.*"))
         dateien.removeFile(ordner + datei);
@@ -53,7 +67,8 @@ Klassenlöschung klasseLöschen(Files& dateien, const Globale& global, const std
 
 bool klasseUmbenennen(Files& dateien, const Globale& global, const std::wstring& alt,
                       const std::wstring& neu) {
-    return zulässigerName(neu) && dateien.rename(ordnerVon(global, alt), ordnerVon(global, neu));
+    return !führtHinaus(alt) && zulässigerName(neu) &&
+           dateien.rename(ordnerVon(global, alt), ordnerVon(global, neu));
 }
 
 } // namespace klopfmeise

@@ -15,6 +15,10 @@ class Files;
 std::wstring gruppenordner(const Globale& global);
 std::vector<std::wstring> klassenAuflisten(Files& dateien, const Globale& global);
 
+/// False for a class whose folder is a link, and where that cannot be told: it is listed and can be deleted,
+/// but nothing is read or written in it for a teacher, as it may lie anywhere. `klasse` with its backslash.
+bool klasseZugänglich(Files& dateien, const Globale& global, const std::wstring& klasse);
+
 enum class Klassenanlage {
     angelegt,
     /// The folder is there, but not its settings: no exercise is switched on.

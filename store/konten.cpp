@@ -2,6 +2,7 @@
 
 #include "platform/machine/services.h"
 #include "store/dateinamen.h"
+#include "store/klassen.h"
 #include "store/kontodatei.h"
 #include "store/pfade.h"
 
@@ -28,6 +29,11 @@ int anzahlOder(const Wert& wert, int sonst) {
     return zahl < 1 ? sonst : zahl;
 }
 
+/// A link may lead out of the class.
+bool zugänglich(Files& dateien, const Globale& global, const std::wstring& konto) {
+    return klasseZugänglich(dateien, global, global.AktuelleKlasse) && !dateien.isLink(konto);
+}
+
 } // namespace
 
 std::vector<std::wstring> kontenAuflisten(Files& dateien, const Globale& global) {
@@ -38,9 +44,13 @@ std::vector<std::wstring> kontenAuflisten(Files& dateien, const Globale& global)
 }
 
 Kontoanlage kontoAnlegen(Files& dateien, const Globale& global, const std::wstring& name) {
-    if (!zulässigerName(name))
+    // The ending saves a blank at the end of a name.
+    if (name.find_first_not_of(L' ') == std::wstring::npos ||
+        !zulässigerName(name + std::wstring(Kontoendung)))
         return Kontoanlage::unzulässigerName;
     const std::wstring pfad = kontopfad(global, name);
+    if (!zugänglich(dateien, global, pfad))
+        return Kontoanlage::misslungen;
     const bool neu = dateien.search(pfad).empty();
     Kontodatei datei(dateien, pfad);
     const Wert marke = datei.lesen(Kontosatz::Kontomarke);
@@ -91,7 +101,7 @@ Kursparameter kursparameterAus(Kontodatei& datei) {
 
 std::optional<Kursparameter> kursparameterLesen(Files& dateien, const Globale& global) {
     const std::wstring pfad = kontopfad(global);
-    if (dateien.search(pfad).empty())
+    if (dateien.search(pfad).empty() || !zugänglich(dateien, global, pfad))
         return std::nullopt;
     Kontodatei datei(dateien, pfad);
     const Kursparameter werte = kursparameterAus(datei);
@@ -100,7 +110,7 @@ std::optional<Kursparameter> kursparameterLesen(Files& dateien, const Globale& g
 
 bool kursparameterSchreiben(Files& dateien, const Globale& global, const Kursparameter& werte) {
     const std::wstring pfad = kontopfad(global);
-    if (dateien.search(pfad).empty())
+    if (dateien.search(pfad).empty() || !zugänglich(dateien, global, pfad))
         return false;
     const auto kurz = [](int zahl) { return Wert(static_cast<std::int16_t>(zahl)); };
     const auto lang = [](int zahl) { return Wert(std::int32_t{zahl}); };

@@ -41,13 +41,13 @@ bool Kontodatei::schreiben(int satz, const Wert& wert) {
     return schreibenBytes(satz, bytesAus(wert, Satzlänge));
 }
 
-bool Kontodatei::schreiben(Kontosatz erster, std::span<const Wert> werte) {
+bool Kontodatei::schreiben(int erster, std::span<const Wert> werte) {
     std::string bytes;
     for (std::size_t i = 0; i < werte.size(); ++i) {
         bytes.resize(i * Satzlänge, '\0');
         bytes += bytesAus(werte[i], Satzlänge);
     }
-    return schreibenBytes(static_cast<int>(erster), bytes);
+    return schreibenBytes(erster, bytes);
 }
 
 std::wstring Kontodatei::lesenText(int satz) {

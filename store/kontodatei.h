@@ -47,7 +47,10 @@ public:
 
     /// Replaces successive records, from `erster` on, in one write: all of them, or none. What a slot holds
     /// behind its value is cleared, but for that of the last one.
-    bool schreiben(Kontosatz erster, std::span<const Wert> werte);
+    bool schreiben(int erster, std::span<const Wert> werte);
+    bool schreiben(Kontosatz erster, std::span<const Wert> werte) {
+        return schreiben(static_cast<int>(erster), werte);
+    }
 
     /// A record that holds a plain string without a tag: 16-bit length, then the text.
     std::wstring lesenText(int satz);

@@ -5,6 +5,7 @@
 #include "platform/values/windows1252.h"
 #include "store/dateinamen.h"
 #include "store/einstellungsdatei.h"
+#include "store/klassen.h"
 #include "store/kontodatei.h"
 
 namespace klopfmeise {
@@ -58,7 +59,7 @@ Textlöschung textLöschen(Files& dateien, const Globale& global, const std::wst
 bool textWählen(Files& dateien, const Globale& global, const std::wstring& name) {
     constexpr std::size_t längster = Kontodatei::Satzlänge - 2;
     // Without a class the settings would be those from which new classes are made.
-    return !global.AktuelleKlasse.empty() && name.size() <= längster &&
+    return klasseZugänglich(dateien, global, global.AktuelleKlasse) && name.size() <= längster &&
            fromWindows1252(toWindows1252(name)) == name && textnameSchreiben(dateien, global, name);
 }
 

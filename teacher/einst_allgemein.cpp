@@ -63,7 +63,10 @@ void einstAllgemein::EinstellungenSpeichern() {
     std::array<bool, Übungszahl> schalter{};
     for (int i = 1; i <= Übungszahl; ++i)
         schalter[static_cast<std::size_t>(i) - 1] = chkÜbung(i).value() == 1;
-    schalterSchreiben(umgebung_.dateien(), umgebung_.global, klasse_, schalter);
+    if (!schalterSchreiben(umgebung_.dateien(), umgebung_.global, klasse_, schalter))
+        runtime().message({.text = L"Die Schalter der Übungen konnten nicht gespeichert werden.",
+                           .title = L"Hinweis",
+                           .icon = MessageIcon::stop});
 }
 
 void einstAllgemein::rahmenZeigen(int i) {

@@ -2,6 +2,7 @@
 
 #include "screens/formnamen.h"
 #include "screens/meldungen.h"
+#include "screens/zeichencodes.h"
 #include "store/mdl_registry.h"
 
 namespace klopfmeise {
@@ -18,6 +19,13 @@ einstCode::einstCode(const Umgebung& umgebung)
 void einstCode::Form_Load() {
     moveTo(100, 100);
     LblPin.setCaption(RegistryText(umgebung_.dienste().registry, L"Pin").substr(0, Codelänge));
+}
+
+void einstCode::textPin_KeyPress(KeyPress& taste) {
+    if (taste.code != CodeEingabe)
+        return;
+    taste.swallowed = true;
+    cmdPinOk_Click();
 }
 
 void einstCode::cmdPinOk_Click() {

@@ -14,9 +14,11 @@ public:
     explicit einstCode(const Umgebung& umgebung);
 
     void Form_Load() override;
+    void Form_Activate() override { textPin.setFocus(); }
 
 private:
     void cmdPinOk_Click();
+    void textPin_KeyPress(KeyPress& taste);
 
     static constexpr int Codelänge = 4;
     static LabelLook mitte(const wchar_t* text) { return {.caption = text, .align = Align::center}; }
@@ -42,7 +44,8 @@ private:
                     {.font = {courier, 14.25, true},
                      .align = Align::center,
                      .maxLength = Codelänge,
-                     .spoken = L"Neuer Lehrkraft-Code"}};
+                     .spoken = L"Neuer Lehrkraft-Code",
+                     .keys = {.press = [this](KeyPress& taste) { textPin_KeyPress(taste); }}}};
     Button cmdPinOk{*this,
                     L"cmdPinOk",
                     {735, 3420, 2220, 750},

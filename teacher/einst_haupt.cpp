@@ -19,10 +19,8 @@ einstHaupt::einstHaupt(const Umgebung& umgebung)
     , cmd_2(*this, L"cmd", {5460, 1155, 900, 900},
             knopf(L"einst_texte", L"Eigene Texte", formname::einstTexte), 2) {}
 
-PictureLook einstHaupt::knopf(const wchar_t* bild, const wchar_t* titel, std::wstring_view ziel) {
-    return {.picture = bild, .pointer = Pointer::hand, .spoken = titel, .click = [this, ziel] {
-                cmd_Click(ziel);
-            }};
+ButtonLook einstHaupt::knopf(const wchar_t* bild, const wchar_t* titel, std::wstring_view ziel) {
+    return {.picture = bild, .toolTip = titel, .click = [this, ziel] { cmd_Click(ziel); }};
 }
 
 void einstHaupt::cmd_Click(std::wstring_view ziel) {

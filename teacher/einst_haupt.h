@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/controls/button.h"
 #include "platform/controls/drawn.h"
 #include "platform/forms/form.h"
 #include "screens/umgebung.h"
@@ -12,10 +13,11 @@ public:
     explicit einstHaupt(const Umgebung& umgebung);
 
     void Form_Load() override { moveTo(100, 100); }
+    void Form_Activate() override { cmd_1.setFocus(); }
 
 private:
     void cmd_Click(std::wstring_view ziel);
-    PictureLook knopf(const wchar_t* bild, const wchar_t* titel, std::wstring_view ziel);
+    ButtonLook knopf(const wchar_t* bild, const wchar_t* titel, std::wstring_view ziel);
     static LabelLook unterschrift(const wchar_t* text) { return {.caption = text, .align = Align::center}; }
 
     Label Label1_0{*this,
@@ -25,9 +27,9 @@ private:
                     .font = {courier, 12, true},
                     .align = Align::center},
                    0};
-    Picture cmd_1;
-    Picture cmd_3;
-    Picture cmd_2;
+    Button cmd_1;
+    Button cmd_3;
+    Button cmd_2;
     Label Label1_1{*this, L"Label1", {90, 2100, 1980, 540}, unterschrift(L"Kurs-Konten"), 1};
     Label Label1_2{*this, L"Label1", {2505, 2100, 1980, 540}, unterschrift(L"Allgemeine Einstellungen"), 2};
     Label Label1_3{*this, L"Label1", {4920, 2100, 1935, 540}, unterschrift(L" Eigene Texte"), 3};

@@ -23,6 +23,12 @@ void einstKlassen::Form_Load() {
     umgebung_.global.AktuelleKlasse.clear();
 }
 
+void einstKlassen::Form_Activate() {
+    klassen_.lesen();
+    if (frmHaupt.visible())
+        cmdNeueGruppe.setFocus();
+}
+
 void einstKlassen::LblGruppe_MouseDown(const std::wstring& klasse, MouseButton knopf) {
     umgebung_.klang(L"knopf.wav");
     if (knopf == MouseButton::right)
@@ -59,11 +65,13 @@ void einstKlassen::entfernen(const std::wstring& klasse) {
                       L"Maustaste auf die klasse und im Folgemenü auf 'Konten der Kinder'. Aus der sodann "
                       L"erscheinenden Kontenliste entfernen sie alle Einträge (Kinder).");
         else if (löschung.misslungen) {
-            std::wstring rest = L"der Ordner";
+            std::wstring rest = löschung.übrig.empty()
+                                    ? L"der Ordner, vielleicht mit versteckten Dateien darin"
+                                    : L"der Ordner";
             for (const std::wstring& datei : löschung.übrig)
                 rest += L", " + datei;
-            stopp(L"Hinweis", L"Die klasse '" + klasse +
-                                  L"' konnte nicht ganz entfernt werden. Noch da sind: " + rest + L".");
+            stopp(L"Hinweis",
+                  L"Die klasse '" + klasse + L"' konnte nicht ganz entfernt werden. Übrig: " + rest + L".");
         }
     }
     klassen_.lesen();
@@ -72,6 +80,8 @@ void einstKlassen::entfernen(const std::wstring& klasse) {
 void einstKlassen::listeZeigen(bool liste) {
     frmHaupt.setVisible(liste);
     frmNeueGruppe.setVisible(!liste);
+    if (liste)
+        cmdNeueGruppe.setFocus();
 }
 
 void einstKlassen::cmdNeueGruppe_Click() {

@@ -16,7 +16,7 @@ public:
     explicit einstKlassen(const Umgebung& umgebung);
 
     void Form_Load() override;
-    void Form_Activate() override { klassen_.lesen(); }
+    void Form_Activate() override;
 
 private:
     void LblGruppe_MouseDown(const std::wstring& klasse, MouseButton knopf);
@@ -53,6 +53,7 @@ private:
                            .abstand = 315,
                            .schrift = {courier, 12, true},
                            .bildlauf = {4620, 1785, 345, 2850},
+                           .großerSchritt = 9,
                            .gedrückt = [this](const std::wstring& klasse, MouseButton knopf) {
                                LblGruppe_MouseDown(klasse, knopf);
                            }}};

@@ -44,6 +44,7 @@ void einstTastatur::Form_Activate() {
         return;
     }
     File1.setPath(ordner);
+    File1.setFocus();
     EinstellungenLaden();
 }
 
@@ -165,6 +166,7 @@ void einstTastatur::EinstellungenLaden() {
     if (!werte)
         return;
     geladen_ = File1.selectedName();
+    kursZuEnde_ = werte->Lektionsnummer > Lektionenzahl;
     (werte->Zeitmodus == 1 ? optBalken_1 : optBalken_0).setValue(1);
     (werte->Fehlerstopp == 1 ? optDurchgang_1 : optDurchgang_0).setValue(1);
     (werte->Vorlagemodus == 1 ? optVorlage_1 : optVorlage_0).setValue(1);
@@ -210,11 +212,12 @@ void einstTastatur::EinstellungenSpeichern() {
     if (geladen_ != File1.selectedName() || !kontoGewählt())
         return;
     lektion_ = sldLektion.value();
+    const bool fertig = kursZuEnde_ && sldLektion.value() == sldLektion.max();
     const bool gespeichert = kursparameterSchreiben(umgebung_.dateien(), umgebung_.global,
                                                     {.Vorlagemodus = optVorlage_1.value(),
                                                      .Fehlerstopp = optDurchgang_1.value(),
                                                      .Zeitmodus = optBalken_1.value(),
-                                                     .Lektionsnummer = sldLektion.value(),
+                                                     .Lektionsnummer = sldLektion.value() + (fertig ? 1 : 0),
                                                      .Stufennummer = sldStufe.value(),
                                                      .Durchgangszahl = sldWdh.value(),
                                                      .Tempowert = sldSpeed.value()});

@@ -67,14 +67,15 @@ private:
                 .spoken = gesprochen,
                 .change = [this] { sld_Change(); }};
     }
-    /// 7.5 points where the told width would take three lines of the larger type.
-    CheckLook option(const wchar_t* caption, double punkte = 9) {
-        return {.caption = caption, .font = {courier, punkte}, .click = [this] { EinstellungenSpeichern(); }};
+    CheckLook option(const wchar_t* caption) {
+        return {.caption = caption, .font = {courier, 8.25}, .click = [this] { EinstellungenSpeichern(); }};
     }
 
     Umgebung umgebung_;
     /// The lesson as last read or saved, that of the picture button.
     int lektion_ = 1;
+    /// The child has passed the last lesson; that stays so while the slider stands on it.
+    bool kursZuEnde_ = false;
     /// Whose values the controls hold; nothing is saved for anyone else.
     std::optional<std::wstring> geladen_;
 
@@ -159,12 +160,12 @@ private:
         frmEinstellungen,
         L"optDurchgang",
         {105, 3045, 3900, 540},
-        option(L"Durchgang bei Fehler in einzeiligen Stufen zu Ende tippen (empfohlen)", 7.5),
+        option(L"Durchgang bei Fehler in einzeiligen Stufen zu Ende tippen (empfohlen)"),
         0};
     OptionButton optDurchgang_1{frmEinstellungen,
                                 L"optDurchgang",
                                 {3990, 3045, 3900, 540},
-                                option(L"Durchgang bei Fehler in einzeiligen Stufen neu beginnen", 7.5),
+                                option(L"Durchgang bei Fehler in einzeiligen Stufen neu beginnen"),
                                 1};
 
     Frame Frame2{frmEinstellungen, L"Frame2", {105, 3675, 7785, 645}};

@@ -51,7 +51,7 @@ void einstTexte::Form_Unload() {
                          L"werden? Sonst gehen die letzten Änderungen verloren.",
                  .title = L"Hinweis",
                  .icon = MessageIcon::question,
-                 .buttons = MessageButtons::yesNoCancel}) != Answer::yes)
+                 .buttons = MessageButtons::yesNoCancel}) == Answer::no)
             return;
 }
 

@@ -59,12 +59,13 @@ void frmPfad::cmdNeuerPfad_Click() {
     Files& dateien = umgebung_.dateien();
     const std::wstring neu = mitBackslash(dateien.entered(txtPfadNeu.text()));
     txtPfadNeu.setText(gezeigt(neu));
-    if (!zulässigeDatenablage(dateien, neu)) {
+    // A relative path would be another folder at the next start. What is stored is what is tested.
+    const std::wstring absolut = mitBackslash(dateien.absolute(neu));
+    if (!zulässigeDatenablage(dateien, absolut)) {
         datenablageAblehnen(umgebung_, L"angegebene", neu);
         return;
     }
-    // A relative path would be another folder at the next start.
-    umgebung_.global.Datenpfad = mitBackslash(dateien.absolute(neu));
+    umgebung_.global.Datenpfad = absolut;
     lblPfadAktuell.setCaption(gezeigt(umgebung_.global.Datenpfad));
     OrdnerÜbernehmen();
 }

@@ -47,12 +47,12 @@ public:
     }
     std::wstring search(const std::wstring& path) override { return trifft() ? L"" : echt_.search(path); }
     bool folderExists(const std::wstring& path) override { return !trifft() && echt_.folderExists(path); }
-    bool isLink(const std::wstring& path) override { return !trifft() && echt_.isLink(path); }
+    bool isLink(const std::wstring& path) override { return trifft() || echt_.isLink(path); }
     std::vector<std::wstring> listFiles(const std::wstring& folder, std::wstring_view pattern) override {
         return trifft() ? std::vector<std::wstring>() : echt_.listFiles(folder, pattern);
     }
-    std::vector<std::wstring> listFolders(const std::wstring& folder) override {
-        return trifft() ? std::vector<std::wstring>() : echt_.listFolders(folder);
+    std::optional<std::vector<std::wstring>> listFolders(const std::wstring& folder) override {
+        return trifft() ? std::nullopt : echt_.listFolders(folder);
     }
     bool makeFolder(const std::wstring& path) override { return !trifft() && echt_.makeFolder(path); }
     bool removeFolder(const std::wstring& path) override { return !trifft() && echt_.removeFolder(path); }

@@ -131,7 +131,7 @@ std::vector<std::wstring> sortedNames(std::vector<std::wstring> names) {
 }
 
 template <class Wanted>
-std::vector<std::wstring> list(const std::wstring& path, bool folders, Wanted wanted) {
+std::optional<std::vector<std::wstring>> list(const std::wstring& path, bool folders, Wanted wanted) {
     std::vector<std::wstring> names;
     std::string place = machinePath(path);
     Folder folder(::opendir(place.c_str()));
@@ -140,7 +140,7 @@ std::vector<std::wstring> list(const std::wstring& path, bool folders, Wanted wa
         folder.reset(::opendir(place.c_str()));
     }
     if (!folder)
-        return names;
+        return std::nullopt;
     while (const dirent* entry = ::readdir(folder.get())) {
         if (entry->d_name[0] == '.')
             continue;
@@ -207,15 +207,17 @@ bool PosixFiles::folderExists(const std::wstring& path) {
 
 bool PosixFiles::isLink(const std::wstring& path) {
     struct stat status {};
-    return ::lstat(withoutEndSlash(resolved(machinePath(path))).c_str(), &status) == 0 &&
-           S_ISLNK(status.st_mode);
+    if (::lstat(withoutEndSlash(resolved(machinePath(path))).c_str(), &status) == 0)
+        return S_ISLNK(status.st_mode);
+    return errno != ENOENT && errno != ENOTDIR;
 }
 
 std::vector<std::wstring> PosixFiles::listFiles(const std::wstring& folder, std::wstring_view pattern) {
-    return list(folder, false, [&](const std::wstring& name) { return matches(name, pattern); });
+    return list(folder, false, [&](const std::wstring& name) { return matches(name, pattern); })
+        .value_or(std::vector<std::wstring>());
 }
 
-std::vector<std::wstring> PosixFiles::listFolders(const std::wstring& folder) {
+std::optional<std::vector<std::wstring>> PosixFiles::listFolders(const std::wstring& folder) {
     return list(folder, true, [](const std::wstring&) { return true; });
 }
 

@@ -16,7 +16,7 @@ public:
     bool folderExists(const std::wstring& path) override;
     bool isLink(const std::wstring& path) override;
     std::vector<std::wstring> listFiles(const std::wstring& folder, std::wstring_view pattern) override;
-    std::vector<std::wstring> listFolders(const std::wstring& folder) override;
+    std::optional<std::vector<std::wstring>> listFolders(const std::wstring& folder) override;
     bool makeFolder(const std::wstring& path) override;
     bool removeFolder(const std::wstring& path) override;
     bool copyFile(const std::wstring& from, const std::wstring& to) override;

@@ -160,17 +160,22 @@ std::optional<Registry::Value> parsedValue(std::wstring_view data) {
     return bytes ? std::optional(Registry::Value{type, *bytes}) : std::nullopt;
 }
 
-/// A string whose bytes an export in UTF-16 has as units of two, as far as they are characters of one byte.
+/// A string as an export in UTF-16 has it, in units of two bytes with a zero at its end; as it is if these
+/// are none.
 std::string narrowed(std::string bytes) {
-    if (bytes.size() % 2 != 0)
+    if (bytes.size() % 2 != 0 || !bytes.ends_with(std::string_view("\0\0", 2)))
         return bytes;
-    std::string narrow;
-    for (std::size_t at = 0; at < bytes.size(); at += 2) {
-        if (bytes[at + 1] != 0)
-            return bytes;
-        narrow += bytes[at];
-    }
-    return narrow;
+    std::wstring text;
+    for (std::size_t at = 0; at + 2 < bytes.size(); at += 2)
+        text += static_cast<wchar_t>(static_cast<unsigned char>(bytes[at + 1]) << 8 |
+                                     static_cast<unsigned char>(bytes[at]));
+    return valueBytes(text) + '\0';
+}
+
+/// True if taking away `removed` takes `key` away too.
+bool takesAway(std::wstring_view removed, std::wstring_view key) {
+    return sameName(removed, key.substr(0, removed.size())) &&
+           (key.size() == removed.size() || key[removed.size()] == L'\\');
 }
 
 void appendHex(std::wstring& text, char byte) {
@@ -310,10 +315,14 @@ void RegText::insert(std::size_t at, const std::wstring& text) {
 }
 
 bool RegText::hasKey(std::wstring_view key) const {
-    return std::ranges::any_of(lines_, [&](const Line& line) {
-        const auto name = keyOf(line.text);
-        return name && sameName(*name, key);
-    });
+    bool there = false;
+    for (const Line& line : lines_) {
+        if (const auto name = keyOf(line.text); name && sameName(*name, key))
+            there = true;
+        if (const auto name = removedKeyOf(line.text); name && takesAway(*name, key))
+            there = false;
+    }
+    return there;
 }
 
 void RegText::addKey(std::wstring_view key) {
@@ -335,7 +344,7 @@ std::map<std::wstring, Registry::Value> RegText::values(std::wstring_view key) c
         }
         if (const auto name = removedKeyOf(line.text)) {
             inside = false;
-            if (sameName(*name, key))
+            if (takesAway(*name, key))
                 found.clear();
             continue;
         }
@@ -356,12 +365,19 @@ std::map<std::wstring, Registry::Value> RegText::values(std::wstring_view key) c
 void RegText::set(std::wstring_view key, std::wstring_view name, const Registry::Value& value) {
     bool inside = false;
     bool done = false;
+    bool gone = false;      // the key was taken away
     std::size_t behind = 0; // where a new value goes
     for (std::size_t at = 0; at < lines_.size(); ++at) {
         Line& there = lines_[at];
         if (const auto other = keyOf(there.text)) {
             inside = sameName(*other, key);
             behind = inside ? at + 1 : behind;
+            continue;
+        }
+        if (const auto removed = removedKeyOf(there.text)) {
+            inside = false;
+            // What stands before counts no more.
+            done = done && !takesAway(*removed, key);
             continue;
         }
         const auto old = valueLine(there.text);

@@ -79,11 +79,13 @@ void FrameWindow::childActivated(ChildWindow& child) {
 
 void FrameWindow::buildMenu() {
     for (const MenuItem& item : view_.form().look().menu) {
+        // Its first letter opens an entry of the bar, with Alt.
+        const QString caption = QLatin1Char('&') + menuText(item.caption);
         if (!item.items.empty()) {
-            fill(*menuBar()->addMenu(menuText(item.caption)), item.items, view_);
+            fill(*menuBar()->addMenu(caption), item.items, view_);
             continue;
         }
-        QAction* action = menuBar()->addAction(menuText(item.caption));
+        QAction* action = menuBar()->addAction(caption);
         action->setObjectName(toQt(item.name));
         connect(action, &QAction::triggered, action,
                 [this, handler = item.click] { view_.router().tell(view_.form(), handler); });
@@ -132,7 +134,12 @@ void FrameWindow::resizeEvent(QResizeEvent* event) {
 
 void FrameWindow::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::WindowStateChange && strip_)
+    if (event->type() != QEvent::WindowStateChange || !strip_)
+        return;
+    // Some window managers offer it all the same; behind the backdrop nothing would lead back.
+    if (isMinimized())
+        QMetaObject::invokeMethod(this, &FrameWindow::takeState, Qt::QueuedConnection);
+    else
         layoutForms();
 }
 

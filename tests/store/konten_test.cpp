@@ -28,20 +28,20 @@ protected:
 TEST_F(Konten, ANewOneHoldsTheCreationImageAndOneThatIsThereStaysAsItIs) {
     const std::string bild = inhalt("Mia._");
     dateiSchreiben(klasse() / "Leer._", "");
-    for (const wchar_t* name : {L"Ömer A_-b", L"Leer"})
+    for (const wchar_t* name : {L"Ömer A_-b", L"Leer", L"Mia "})
         EXPECT_EQ(anlegen(name), Kontoanlage::angelegt);
-    EXPECT_EQ(kontenAuflisten(dateien, global), (Namen{L"Leer", L"Mia", L"Ömer A_-b"}));
+    EXPECT_EQ(kontenAuflisten(dateien, global), (Namen{L"Leer", L"Mia ", L"Mia", L"Ömer A_-b"}));
     EXPECT_EQ(inhalt("Leer._"), bild);
     EXPECT_EQ(inhalt("Ömer A_-b._"), bild);
     b.satz(Kontosatz::Lektionsnummer, std::int16_t{9});
     const std::string vorher = inhalt("Mia._");
     EXPECT_EQ(anlegen(L"mIA"), Kontoanlage::vorhanden);
     EXPECT_EQ(inhalt("Mia._"), vorher);
-    for (const wchar_t* name : {L"", L"  ", L"Mia ", L"Con", L"..\\Raus", L"/tmp/x"})
+    for (const wchar_t* name : {L"", L"  ", L"Con", L"..\\Raus", L"/tmp/x"})
         EXPECT_EQ(anlegen(name), Kontoanlage::unzulässigerName);
     fs::create_directory(klasse() / "Tom._");
     EXPECT_EQ(anlegen(L"Tom"), Kontoanlage::misslungen);
-    EXPECT_EQ(kontenAuflisten(dateien, global).size(), 3u);
+    EXPECT_EQ(kontenAuflisten(dateien, global).size(), 4u);
 }
 
 TEST_F(Konten, AFailedCreationLeavesNoChildBehind) {

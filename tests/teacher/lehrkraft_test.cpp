@@ -8,6 +8,7 @@
 #include "store/dateinamen.h"
 #include "store/einstellungsdatei.h"
 #include "store/klassen.h"
+#include "store/konten.h"
 #include "tests/ausfallende_dateien.h"
 #include "tests/meldungen.h"
 
@@ -201,11 +202,47 @@ TEST_F(Lehrkraft, AClassGoesWithItsAccountsUnlessAFolderIsInIt) {
     EXPECT_TRUE(fs::exists(b.ordner.pfad() / "Fremd" / "Wichtig.txt"));
 }
 
-TEST(Klassen, WhatADeletionLeavesBehindIsNamed) {
+TEST(Klassen, WhateverFailsNothingElseIsTouched) {
+    for (int n = 1; n < 20; ++n) {
+        SCOPED_TRACE(n);
+        AusfallendeDateien dateien;
+        Bühne b(&dateien);
+        b.kindWählen();
+        const auto gruppen = b.daten() / "Gruppen";
+        const std::string konto = dateiinhalt(b.konto());
+        const auto fremd = b.ordner.pfad() / "Fremd";
+        dateiSchreiben(fremd / "Wichtig.txt", "x");
+        fs::create_directory_symlink(fremd, gruppen / "Link");
+        fs::create_directory(gruppen / "Hasen" / "Mia");
+        for (const wchar_t* klasse : {L"Hasen", L"Link", L"..", L"x\\..\\Hasen"}) {
+            dateien.ausfallenBei(n);
+            klasseLöschen(dateien, b.global, klasse);
+            EXPECT_EQ(dateiinhalt(b.konto()), konto) << "a folder lies in the class";
+            EXPECT_TRUE(fs::exists(fremd / "Wichtig.txt"));
+        }
+        dateien.ausfallenBei(n);
+        klasseUmbenennen(dateien, b.global, L"Hasen", L"Hasen");
+        klasseAnlegen(dateien, b.global, L"Neu");
+        EXPECT_EQ(dateiinhalt(b.konto()), konto);
+        // The switches arrive all or not at all.
+        dateien.ausfallenBei(n);
+        const bool gut = schalterSchreiben(dateien, b.global, L"Hasen\\", {});
+        Kontodatei datei(b.echteDateien, logikpfad(gruppen / "Hasen" / "KME.ein"));
+        EXPECT_TRUE(gleich(datei.lesen(1), 1) == gleich(datei.lesen(100), 1));
+        EXPECT_TRUE(!gut || dateien.ausfall() == Vorgang::sonstiger || gleich(datei.lesen(1), 0));
+        // Nothing is written through a link.
+        dateien.ausfallenBei(0);
+        if (!fs::is_symlink(gruppen / "Link"))
+            fs::create_directory_symlink(fremd, gruppen / "Link");
+        EXPECT_FALSE(schalterSchreiben(dateien, b.global, L"Link\\", {}));
+        b.global.AktuelleKlasse = L"Link\\";
+        EXPECT_EQ(kontoAnlegen(dateien, b.global, L"Neu"), Kontoanlage::misslungen);
+        EXPECT_EQ(std::distance(fs::directory_iterator(fremd), {}), 1);
+    }
     AusfallendeDateien dateien;
     Bühne b(&dateien);
     b.kindWählen();
-    // Link, sub-folders, list, the account, KME.ein, folder.
+    // Link, sub-folders, list, the account.
     dateien.ausfallenBei(4);
     const Klassenlöschung löschung = klasseLöschen(dateien, b.global, L"Hasen");
     EXPECT_TRUE(löschung.misslungen);
@@ -304,6 +341,11 @@ TEST_F(Lehrkraft, TheCodeIsChangedByFourCharactersAndAnAdministrator) {
     EXPECT_EQ(neu.text(), L"123");
     EXPECT_EQ(übernehmen(L"12345"), L"1234");
     EXPECT_EQ(b.registry.values["Pin"].bytes, "1234");
+    neu.setText(L"");
+    neu.setFocus();
+    b.user.type(L"5678\r");
+    EXPECT_EQ(b.caption(L"LblPin"), L"5678");
+    EXPECT_EQ(übernehmen(L"1234"), L"1234");
     EXPECT_TRUE(b.backend.messages.empty());
     b.registry.refuseWrite = true;
     EXPECT_EQ(übernehmen(L"9999"), L"1234");

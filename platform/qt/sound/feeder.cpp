@@ -108,6 +108,8 @@ int Feeder::play(const Wave& wave) {
 void Feeder::run() {
     while (takeOrders()) {
         step();
+        if (endBy_ && !somethingToHear(steady_clock::now()))
+            break;
         // In microseconds; never just short of it, which would turn round idly.
         int wait = -1;
         if (const Time next = due(); next != Time::max())
@@ -137,8 +139,11 @@ bool Feeder::takeOrders() {
     const Time now = steady_clock::now();
     if (!endBy_)
         endBy_ = now + lastSound;
-    return now < *endBy_ &&
-           (waiting_ || (phase_ == Phase::running && !drained_ && (draining_ || now < soundEnd_)));
+    return now < *endBy_ && somethingToHear(now);
+}
+
+bool Feeder::somethingToHear(Time now) const {
+    return waiting_ || (phase_ == Phase::running && !drained_ && (draining_ || now < soundEnd_));
 }
 
 void Feeder::step() {
@@ -273,6 +278,11 @@ void Feeder::ask(Time now) {
 }
 
 void Feeder::drain() {
+    // A stream that runs on through silence never runs dry.
+    pa_buffer_attr buffering = *pa_stream_get_buffer_attr(stream_.get());
+    buffering.prebuf = static_cast<std::uint32_t>(-1);
+    if (pa_operation* change = pa_stream_set_buffer_attr(stream_.get(), &buffering, nullptr, nullptr))
+        pa_operation_unref(change);
     pa_operation* order = pa_stream_drain(stream_.get(), &Feeder::allPlayed, this);
     if (!order) {
         part(Time::max(), silent);

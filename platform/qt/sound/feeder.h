@@ -56,6 +56,7 @@ private:
     /// Takes what was ordered since the last time. False once the feeder shall end.
     bool takeOrders();
     void wakeForOrders();
+    bool somethingToHear(Time now) const;
     void step();
     /// When something has to be done by the clock alone.
     Time due() const;

@@ -42,6 +42,7 @@ TEST_F(PosixFilesTest, FilesAreListedByPatternInAReadersOrder) {
     EXPECT_EQ(list(L"*a*._*"), (Names{L"anna._", L"Apfel._", L"Mia._.bak", L"Straße._", L"Strasse2._"}));
     EXPECT_EQ(list(L"*.*").size(), 9U);
     EXPECT_EQ(files_.listFolders(logikpfad(folder_.pfad())), Names{L"Klasse._"});
+    EXPECT_FALSE(files_.listFolders(path("Klasse._/nowhere")));
     ASSERT_TRUE(files_.openRecords(logikpfad(folder_.pfad()) + L"\\" + foreign)->write(0, "x"));
     EXPECT_EQ(dateiinhalt(place("K\xe4the._")), "x") << "opened under the same bytes";
 }

@@ -92,6 +92,8 @@ TEST_F(RegFileTest, WhatIsSetComesBackAndTheRestOfTheFileStays) {
         {sloppy + "\"Z\"=\"x\"", "P\"\\", number, sloppy + "\"Z\"=\"x\"\n\"P\\\"\\\\\"=dword:80000007\n"},
         {keyLine + "\"Pin\"=\"1\"\r\n\"PIN\"=hex(1):32,\\\r\n  32\r\n\"Z\"=\"x\"\r\n", "Pin", number,
          keyLine + "\"Pin\"=dword:80000007\r\n\"Z\"=\"x\"\r\n"},
+        {keyLine + "[-HKEY_LOCAL_MACHINE\\Software\\Other]\r\n\"Pin\"=\"7\"\r\n", "Pin", number,
+         keyLine + "\"Pin\"=dword:80000007\r\n[-HKEY_LOCAL_MACHINE\\Software\\Other]\r\n\"Pin\"=\"7\"\r\n"},
     };
     for (const auto& [before, name, value, after] : cases) {
         lay(before);
@@ -138,6 +140,8 @@ TEST_F(RegFileTest, EachEncodingIsReadAndWrittenBackAsItIs) {
     // An export in UTF-16 tells a string's bytes in units of two; a key that is taken away takes its values.
     lay(toUtf16<false>(mark + laid + L"\"Pin\"=hex(1):37,00,32,00,00,00\r\n"));
     EXPECT_EQ(read("Pin"), Content(Type::string, "72\0"s));
+    lay(toUtf16<false>(mark + laid + L"\"Path\"=hex(1):dc,00,1a,04,00,00\r\n"));
+    EXPECT_EQ(read("Path"), Content(Type::string, "\xEF\xBB\xBF\u00DC\u041A\0"s));
     lay(toUtf16<false>(mark + laid + L"[-HKEY_LOCAL_MACHINE\\Software\\KLOPFMEISE]\r\n\"Pin\"=\"1\"\r\n"));
     EXPECT_FALSE(read("\xD6L"));
     EXPECT_FALSE(read("Pin"));
