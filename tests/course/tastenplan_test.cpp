@@ -52,16 +52,5 @@ TEST(Tastenplan, WasKeineTasteHat) {
     EXPECT_TRUE(fingerFür(42).empty());
 }
 
-TEST(Tastenplan, TheKeysFillTheirRowsFromEdgeToEdge) {
-    for (const Taste& a : tasten())
-        for (const Taste& b : tasten())
-            EXPECT_EQ(a.lage.intersected(b.lage).empty(), &a != &b)
-                << "Tasten " << a.nummer << " und " << b.nummer;
-    for (const int erste : {1, 15, 29, 42, 55})
-        EXPECT_EQ(taste(erste).lage.left, taste(1).lage.left) << erste;
-    for (const int letzte : {14, 28, 54, 59})
-        EXPECT_EQ(taste(letzte).lage.right(), taste(14).lage.right()) << letzte;
-}
-
 } // namespace
 } // namespace klopfmeise

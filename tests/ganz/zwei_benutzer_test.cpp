@@ -169,25 +169,5 @@ TEST_F(ZweiBenutzer, WhatTheProgramOfOneMakesTheOtherCanWriteRenameAndDelete) {
         }
 }
 
-TEST_F(ZweiBenutzer, WhatIsMeantForTheFoldersGroupDoesNotGoToAnotherOne) {
-    const fs::path ordner = b.ordner.pfad() / "Ordner";
-    fs::create_directory(ordner);
-    ::chown(ordner.c_str(), 0, gemeinsameGruppe);
-    ::chmod(ordner.c_str(), 0770);
-    auto mitFremdem = liste;
-    mitFremdem[2].number = fremd.nummer;
-    mitFremdem[3].may = 7;
-    if (!setAccess(ordner, mitFremdem))
-        GTEST_SKIP() << "(SKIP) this file system knows no access lists";
-    const auto schreiben = [&] {
-        const auto konto = dateien.openRecords(logikpfad(ordner / "Mia._"));
-        return konto && konto->write(0, "x");
-    };
-    for (const Benutzer& wer : {fremd, anna})
-        als(wer, 0022, [&] { EXPECT_TRUE(schreiben()); });
-    ::chmod(ordner.c_str(), 0777);
-    als({61004, fremd.gruppe, false}, 0022, [&] { EXPECT_FALSE(schreiben()); });
-}
-
 } // namespace
 } // namespace klopfmeise

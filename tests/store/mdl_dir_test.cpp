@@ -16,10 +16,6 @@ TEST(mdlDir, FindsMarkersWithoutRegardToCaseAndRefusesARoot) {
         dateiSchreiben(ordner.pfad() / datei, "x");
     const std::wstring pfad = logikpfad(ordner.pfad()) + L"\\";
     EXPECT_TRUE(zulässigeDatenablage(dateien, pfad));
-    EXPECT_FALSE(DateiVorhanden(dateien, pfad + L"Gruppen"));
-    EXPECT_FALSE(DateiVorhanden(dateien, pfad + L"Gruppen\\kme"));
-    EXPECT_EQ(DateiName(L"a\\b\\c.txt"), L"c.txt");
-    EXPECT_EQ(DateiName(L"c.txt"), L"c.txt");
     std::filesystem::remove(ordner.pfad() / "gruppen" / "KME.EIN");
     EXPECT_FALSE(zulässigeDatenablage(dateien, pfad));
     EXPECT_FALSE(zulässigeDatenablage(dateien, L"\\"));
@@ -50,7 +46,6 @@ TEST(mdlDir, TheWriteTestFindsWhatAShareSaysOnlyAtTheEnd) {
         const FailingCall voll(call, EDQUOT, ordner.pfad());
         EXPECT_FALSE(schreibprobe(dateien, pfad));
     }
-    EXPECT_TRUE(schreibprobe(dateien, pfad));
 }
 
 } // namespace
