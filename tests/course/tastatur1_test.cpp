@@ -34,7 +34,16 @@ TEST_F(Einzeiler, AChildsRoadPassesTheStageAndWritesTheToldBytes) {
     EXPECT_EQ(b.captions({L"LblLektion", L"lblStufe", L"lblNameStufe", L"lblHinweisName", L"lblGenauigkeit",
                           L"lblSpeed", L"LblName", L"LblKlasse"}),
               L"Lektion 1|Stufe 1 von 2|Titel 1|Hinweis 1|100,00 %|1 sek / Buchstabe|Mia|Hasen\\");
+    // The backdrop covers the change of screens and takes clicks only then.
+    Form& kulisse = *b.runtime.loaded(L"frmTemp");
+    bool verdeckt = false;
+    b.backend.whenPainted = [&](Form& form) {
+        verdeckt = verdeckt || (&form == &kulisse && kulisse.enabled() && !b.runtime.loaded(L"Tastatur1"));
+    };
     b.user.type(L"x ");
+    b.backend.whenPainted = nullptr;
+    EXPECT_TRUE(verdeckt);
+    EXPECT_FALSE(kulisse.enabled() || b.runtime.loaded(L"Tastatur0"));
     ASSERT_EQ(b.aktiv(), L"Tastatur1");
     EXPECT_EQ(b.caption(L"LblLektion"), L"Lektion 1 (Stufe 1)");
     lauf();

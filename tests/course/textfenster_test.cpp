@@ -17,8 +17,7 @@ TEST_F(Textlauf, LinesBreakBehindTheLastBlankAndHold63Cells) {
     const std::string wort(130, 'x');
     const Fall fälle[]{
         // A word that would reach the margin, and the closing cell.
-        {std::string(60, 'a') + " bcde f",
-         {{61, platz(1, 61)}, {62, platz(2, 1)}, {68, platz(2, 7)}}},
+        {std::string(60, 'a') + " bcde f", {{61, platz(1, 61)}, {62, platz(2, 1)}, {68, platz(2, 7)}}},
         // A word wider than a line breaks at the margin.
         {"ab " + wort, {{4, platz(2, 1)}, {66, platz(2, 63)}, {67, platz(3, 1)}}},
         // The only blank is the first cell.

@@ -1,4 +1,3 @@
-#include "platform/machine/reg_file.h"
 #include "store/mdl_dir.h"
 #include "tests/buehne.h"
 #include "tests/platform/machine/troubles.h"
@@ -23,17 +22,13 @@ TEST(mdlDir, FindsMarkersWithoutRegardToCaseAndRefusesARoot) {
 
 TEST(mdlDir, BothFormsOfAStoredPathGiveTheSameFolder) {
     Bühne b;
-    const std::string pfad = (b.ordner.pfad() / "maschine.reg").string();
-    RegFile registry{pfad};
-    Services dienste{b.clock, b.random, b.sound, b.echteDateien, registry, b.shell};
-    for (const char* wert : {R"("C:\\Daten")", R"(hex(1):43,3a,5c,44,61,74,65,6e,5c)", R"("C:\\Daten\\")",
-                             "hex(1):43,3a,5c,44,\\\r\n  61,74,65,6e,5c,00"}) {
-        dateiSchreiben(pfad, "[HKEY_LOCAL_MACHINE\\Software\\Klopfmeise]\r\n\"Datenablage\"=" +
-                                 std::string(wert) + "\r\n");
-        EXPECT_EQ(DatenablageLesen(dienste), L"C:\\Daten\\") << wert;
+    for (const std::string wert : {"C:\\Daten", "C:\\Daten\\"}) {
+        // As the registry gives it, with its terminator.
+        b.registry.values["Datenablage"] = {Registry::Type::string, wert + '\0'};
+        EXPECT_EQ(DatenablageLesen(b.umgebung.dienste()), L"C:\\Daten\\");
     }
-    dateiSchreiben(pfad, "");
-    EXPECT_EQ(DatenablageLesen(dienste), L"\\");
+    b.registry.values.clear();
+    EXPECT_EQ(DatenablageLesen(b.umgebung.dienste()), L"\\");
 }
 
 TEST(mdlDir, TheWriteTestFindsWhatAShareSaysOnlyAtTheEnd) {

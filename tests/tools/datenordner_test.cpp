@@ -54,7 +54,6 @@ TEST(Datenordner, GibtDenKursUnverändertZurück) {
     }
     for (const auto& quelle : fs::directory_iterator(Texte)) {
         const std::string bytes = dateiinhalt(ziel.pfad() / "Data" / "Texte" / quelle.path().filename());
-        EXPECT_TRUE(bytes.starts_with("{\\rtf")) << quelle.path();
         std::wstring gezeigt = readRtf(bytes).document.plainText() + L"\n";
         std::erase(gezeigt, L'\r');
         EXPECT_EQ(toUtf8(gezeigt), dateiinhalt(quelle.path())) << quelle.path();
@@ -94,7 +93,8 @@ TEST(Datenordner, ErHatAllesWasDerStartVerlangt) {
     EXPECT_LT(größe, std::size_t{12} << 20);
     // 720 by 368 pixels, rows from the bottom up; one plane, eight bits a pixel, not compressed.
     for (std::size_t n = 1; KLOPFMEISE_MIT_BILDERN == 1 && n <= Lektionszahl; ++n) {
-        const std::string bmp = dateiinhalt(daten / "Data/Tastatur" / ("Lektion" + std::to_string(n) + ".bmp"));
+        const std::string bmp =
+            dateiinhalt(daten / "Data/Tastatur" / ("Lektion" + std::to_string(n) + ".bmp"));
         EXPECT_EQ(bmp.size(), 54U + 256U * 4U + 720U * 368U) << n;
         EXPECT_EQ(bmp.substr(18, 16), std::string("\xCE\2\0\0\x70\1\0\0\1\0\x8\0\0\0\0\0", 16)) << n;
     }
