@@ -1,15 +1,24 @@
 #include "platform/controls/checks.h"
 #include "platform/controls/ranges.h"
+#include "platform/qt/container_widget.h"
 #include "platform/qt/control_view.h"
+#include "platform/qt/desk.h"
+#include "platform/qt/drawn_painter.h"
 #include "platform/qt/qt_form_view.h"
 #include "platform/qt/qt_text.h"
-#include "platform/qt/text_painter.h"
 
 #include <QCheckBox>
+#include <QPainter>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QSlider>
+#include <QStyleOptionButton>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <type_traits>
+#include <utility>
 
 namespace klopfmeise {
 
@@ -38,42 +47,123 @@ private:
     QAbstractSlider& slider_;
 };
 
-/// The toolkit hears clicks on sign and caption only; here the whole place of the control is meant.
-template <class Base>
-class WholePlace final : public Base {
+/// A slider that one notch of the wheel moves by its small step; the toolkit would take three.
+class SliderWidget final : public QSlider {
 public:
-    using Base::Base;
+    using QSlider::QSlider;
 
 protected:
-    bool hitButton(const QPoint& at) const override { return this->rect().contains(at); }
+    void wheelEvent(QWheelEvent* event) override {
+        constexpr int notch = 120;
+        turned_ += event->angleDelta().y();
+        const int notches = turned_ / notch;
+        turned_ %= notch;
+        setValue(value() + (invertedControls() ? -notches : notches) * singleStep());
+        // At its end too it does not scroll what lies around it.
+        event->accept();
+    }
+
+private:
+    int turned_ = 0;
 };
 
+/// An option button or check box. The toolkit knows captions of one line only, so the caption is drawn here;
+/// it stays the widget's text, too, by which assistive technology knows it.
+template <class Base>
+class CheckWidget final : public Base {
+public:
+    CheckWidget(QtFormView& view, CheckControl& check, QWidget* parent)
+        : Base(parent)
+        , view_(view)
+        , check_(check) {}
+    void setScale(const Scale& scale) {
+        scale_ = scale;
+        this->update();
+    }
+
+protected:
+    /// The toolkit hears clicks on sign and caption only; here the whole place of the control is meant.
+    bool hitButton(const QPoint& at) const override { return this->rect().contains(at); }
+    void paintEvent(QPaintEvent*) override {
+        constexpr bool radio = std::is_same_v<Base, QRadioButton>;
+        QPainter painter(this);
+        QStyleOptionButton sign;
+        this->initStyleOption(&sign);
+        const int side = this->style()->pixelMetric(QStyle::PM_IndicatorWidth, &sign, this);
+        sign.rect = QRect(0, (this->height() - side) / 2, side, side);
+        this->style()->drawPrimitive(radio ? QStyle::PE_IndicatorRadioButton : QStyle::PE_IndicatorCheckBox,
+                                     &sign, &painter, this);
+        Rect caption = check_.place();
+        caption.left += CheckControl::signRoom;
+        caption.width -= CheckControl::signRoom;
+        countDevicePixels(painter, *this, cornerOnForm(*this));
+        view_.desk().texts.draw(
+            painter, scale_, caption, check_.caption(),
+            {.font = check_.font(), .color = this->isEnabled() ? look::ink : look::paleInk, .middle = true});
+        if (this->hasFocus()) {
+            constexpr int clearance = 3 * twipsPerPixel;
+            const Rect around{caption.left - clearance, caption.top, caption.width + clearance,
+                              caption.height};
+            paintInnerLine(painter, scale_.device(around), std::max(1, scale_.length(twipsPerPixel)),
+                           toQt(look::blue));
+        }
+    }
+
+private:
+    QtFormView& view_;
+    CheckControl& check_;
+    Scale scale_;
+};
+
+template <class Widget>
 class CheckView final : public ControlView {
 public:
-    CheckView(QtFormView& view, CheckControl& check, QAbstractButton* widget)
+    CheckView(QtFormView& view, CheckControl& check, Widget* widget)
         : ControlView(view, check, widget)
         , check_(check)
         , button_(*widget) {
-        // Which option excludes which is the model's business.
-        button_.setAutoExclusive(false);
+        // Assistive technology toggles without a click, and a click on an option that is on does not toggle.
+        QObject::connect(widget, &QAbstractButton::toggled, widget, [this](bool on) {
+            if (on || !button_.autoExclusive()) {
+                toggled_ = true;
+                press();
+            }
+        });
         QObject::connect(widget, &QAbstractButton::clicked, widget, [this] {
-            // An option does not go off by a press.
-            if (check_.kind() == Kind::optionButton)
-                button_.setChecked(true);
-            tell([this] { check_.pressed(); });
+            if (!std::exchange(toggled_, false))
+                press();
         });
     }
 
 private:
     void syncLook(const Scale& scale) override {
         button_.setText(toQt(check_.caption()).replace(u'&', QStringLiteral("&&")));
-        button_.setFont(widgetFont(check_.font(), scale));
-        button_.setChecked(check_.value() != 0);
+        button_.setScale(scale);
+        const QSignalBlocker quiet(button_);
+        if (check_.value() != 0) {
+            button_.setChecked(true);
+            return;
+        }
+        // The toolkit, too, knows which option excludes which, and would not let the last one go off.
+        const bool exclusive = button_.autoExclusive();
+        button_.setAutoExclusive(false);
+        button_.setChecked(false);
+        button_.setAutoExclusive(exclusive);
+    }
+    void press() {
+        tell([this] { check_.pressed(); });
     }
 
     CheckControl& check_;
-    QAbstractButton& button_;
+    Widget& button_;
+    bool toggled_ = false;
 };
+
+template <class Base>
+std::unique_ptr<ControlView> makeCheckView(QtFormView& view, CheckControl& check, QWidget* parent) {
+    using Widget = CheckWidget<Base>;
+    return std::make_unique<CheckView<Widget>>(view, check, new Widget(view, check, parent));
+}
 
 } // namespace
 
@@ -84,7 +174,7 @@ std::unique_ptr<ControlView> makeScrollBarView(QtFormView& view, ScrollBar& bar,
 }
 
 std::unique_ptr<ControlView> makeSliderView(QtFormView& view, Slider& slider, QWidget* parent) {
-    auto* widget = new QSlider(slider.vertical() ? Qt::Vertical : Qt::Horizontal, parent);
+    auto* widget = new SliderWidget(slider.vertical() ? Qt::Vertical : Qt::Horizontal, parent);
     // The least value lies at the top, as in a scroll bar.
     widget->setInvertedAppearance(slider.vertical());
     widget->setInvertedControls(slider.vertical());
@@ -92,11 +182,11 @@ std::unique_ptr<ControlView> makeSliderView(QtFormView& view, Slider& slider, QW
 }
 
 std::unique_ptr<ControlView> makeOptionView(QtFormView& view, OptionButton& option, QWidget* parent) {
-    return std::make_unique<CheckView>(view, option, new WholePlace<QRadioButton>(parent));
+    return makeCheckView<QRadioButton>(view, option, parent);
 }
 
 std::unique_ptr<ControlView> makeCheckBoxView(QtFormView& view, CheckBox& box, QWidget* parent) {
-    return std::make_unique<CheckView>(view, box, new WholePlace<QCheckBox>(parent));
+    return makeCheckView<QCheckBox>(view, box, parent);
 }
 
 } // namespace klopfmeise
