@@ -18,6 +18,7 @@ TEST_F(Fliesstext, AWrongKeyLocksUntilItIsTakenBack) {
     EXPECT_EQ(zelle(1).back(), colors::right);
     EXPECT_EQ(zelle(2).back(), colors::wrong);
     EXPECT_EQ(b.control<Shape>(L"shpLeucht").place(), b.control<Picture>(L"picTaste", 14).place().grown(2));
+    EXPECT_EQ(b.control<Label>(L"lblAKtuell").font().name, wingdings);
     // The right key too has only its flash.
     EXPECT_EQ(pausen([&] { spielen({{L'c', {}, 3, 1}}); }), (Pausen{{100, {46}}}));
     spielen({{L'\b', knopf, 2, 1}});
