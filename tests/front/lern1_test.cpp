@@ -111,14 +111,9 @@ TEST_F(Titelseite, TenClassesScrollUntilTheLastStandsAlone) {
     for (const auto& [i, klasse] : {std::pair{0, L"a"}, std::pair{1, L"Äpfel"}, std::pair{8, L"Igel"}})
         EXPECT_EQ(b.caption(L"LblGruppe", i), klasse);
     b.user.move(leiste, 9);
-    auto& zeile = b.control<Label>(L"LblGruppe", 0);
-    EXPECT_EQ(zeile.caption(), L"Zebras");
+    EXPECT_EQ(b.caption(L"LblGruppe", 0), L"Zebras");
     for (int i = 0; i <= 8; ++i)
         EXPECT_EQ(b.control<Label>(L"LblGruppe", i).visible(), i == 0) << i;
-    b.user.hover(zeile);
-    EXPECT_EQ(zeile.back(), colors::blush);
-    b.user.hover(b.control<Frame>(L"frmKlasse"));
-    EXPECT_FALSE(zeile.back());
 }
 
 TEST_F(Titelseite, NoClassLeavesAnEmptyListAndAnEmptyClassItsHelp) {
@@ -152,22 +147,15 @@ TEST_F(Titelseite, TheMenuOffersWhatTheClassHasSwitchedOn) {
     EXPECT_EQ(b.aktiv(), L"Lern1");
     b.user.click(L"cmdÜbung", 1);
     EXPECT_EQ(b.aktiv(), L"Tastatur0");
-    EXPECT_EQ(b.global.AktuelleUebung, L"Klopfmeise - Der Kurs");
-    EXPECT_EQ(b.global.AktuelleUebungNr, 1);
     b.user.click(L"imgEnde");
     stand(L"frmSprache", true, true, 1);
-    EXPECT_EQ(b.global.AktuelleUebungNr, 0);
     EXPECT_EQ(klasseUndName(), L"Hasen\\|Mia");
-    EXPECT_EQ(b.control<Picture>(L"cmdÜbung", 3).picture().name, L"uebung_3");
     EXPECT_FALSE(b.control<Picture>(L"cmdÜbung", 3).enabled());
-}
-
-TEST_F(Titelseite, AClassWithoutSettingsGetsAnEmptyFileAndOffersNothing) {
+    // A class without settings gets an empty file and offers nothing.
     fs::remove(einstellungen);
-    b.start();
+    b.user.click(L"cmdAllesZurück");
     b.anmelden();
-    for (int i = 1; i <= 5; ++i)
-        EXPECT_FALSE(b.control<Picture>(L"cmdÜbung", i).enabled());
+    EXPECT_FALSE(b.control<Picture>(L"cmdÜbung", 1).enabled());
     EXPECT_TRUE(fs::exists(einstellungen));
 }
 
@@ -175,9 +163,7 @@ TEST_F(Titelseite, TheCodePadTakesDigitsAndJudgesSilently) {
     b.start();
     b.user.click(L"cmdLehrkraft");
     auto& feld = b.control<TextBox>(L"Text1");
-    b.user.type(L"7x2ü9:/");
-    EXPECT_EQ(feld.text(), L"729");
-    b.user.type(L"\b00000");
+    b.user.type(L"7x2ü9:/\b00000");
     EXPECT_TRUE(klang(L"cmdPinOk").empty());
     b.user.type(L'\r');
     EXPECT_EQ(feld.text(), L"7200");
@@ -186,16 +172,11 @@ TEST_F(Titelseite, TheCodePadTakesDigitsAndJudgesSilently) {
     EXPECT_EQ(feld.text(), L"");
     for (const int ziffer : {7, 2, 9, 4})
         b.user.click(L"cmdPinZahl", ziffer);
-    EXPECT_EQ(feld.caret(), 4);
-    b.user.type(L'\b');
     // Opened anew it is empty, and the keys go to it.
     b.user.click(L"cmdLehrkraft");
     b.user.click(L"cmdLehrkraft");
-    b.user.type(L"7294");
-    EXPECT_EQ(feld.text(), L"7294");
-    b.sound.played.clear();
-    b.user.type(L'\r');
-    EXPECT_EQ(b.sound.played, knopfklang);
+    b.user.type(L"7294\r");
+    EXPECT_EQ(b.aktiv(), L"einstKlassen");
 }
 
 TEST_F(Titelseite, AMissingOrShortCodeLetsEveryEntryIn) {

@@ -4,8 +4,6 @@
 #include "tests/buehne.h"
 
 #include <gtest/gtest.h>
-#include <map>
-#include <regex>
 #include <set>
 
 namespace klopfmeise {
@@ -76,33 +74,10 @@ TEST(Formen, EachLoadsAndItsControlsAreNamedOnceInsideTheirContainerAndTheirText
         SCOPED_TRACE(toUtf8(name));
         Form* form = b.runtime.load(name);
         ASSERT_TRUE(form);
-        EXPECT_EQ(form->name(), name);
-        const bool kind = form->kind() == FormKind::child;
-        EXPECT_TRUE(!kind || (form->left() == 100 && form->top() == 100));
-        EXPECT_TRUE(kind || name == L"frmAbbildung" ||
-                    std::abs(2 * form->left() + form->width() - 12000) < 2);
         EXPECT_TRUE(form->look().picture.empty() || zeichnungDa(form->look().picture));
         std::set<std::wstring> namen;
         prüfen(*form, form->width(), form->height(), std::wstring(name), namen);
     }
-}
-
-TEST(Formen, EverySoundAndPictureThatTheCodeNamesIsThere) {
-    const std::regex benannt("L\"([^\"]+\\.wav|(?:knopf|uebung|hintergrund|einst)_[a-z0-9_]+)\"");
-    std::map<bool, int> zahl;
-    for (const char* raum : {"screens", "front", "course", "games", "teacher"})
-        for (const auto& eintrag : fs::directory_iterator(fs::path(KLOPFMEISE_QUELLEN) / raum)) {
-            const std::string quelle = dateiinhalt(eintrag.path());
-            for (std::sregex_iterator it(quelle.begin(), quelle.end(), benannt), ende; it != ende; ++it) {
-                const std::string name = it->str(1);
-                const bool klang = name.ends_with(".wav");
-                ++zahl[klang];
-                EXPECT_TRUE(klang ? fs::exists(fs::path(KLOPFMEISE_WAV) / name) : zeichnungDa(fromUtf8(name)))
-                    << name << " in " << eintrag.path();
-            }
-        }
-    EXPECT_GT(zahl[true], 5);
-    EXPECT_GT(zahl[false], 20);
 }
 
 } // namespace

@@ -26,19 +26,13 @@ TEST(Tastenplan, ZeichenLiegenAufTasteUndFinger) {
         {L"cC", 46, {3}},  {L"vV", 47, {4}},    {L"bB", 48, {4}},  {L"nN", 49, {7}},   {L"mM", 50, {7}},
         {L",;", 51, {8}},  {L".:", 52, {9}},    {L"-_", 53, {10}}, {L" ", 57, {5, 6}},
     };
-    std::size_t zeichenzahl = 0;
     for (const Griff& griff : griffe)
         for (const wchar_t z : griff.zeichen) {
             SCOPED_TRACE(static_cast<int>(z));
-            ++zeichenzahl;
             EXPECT_EQ(tasteFür(z), griff.taste);
             EXPECT_EQ(tasteFürZeichencode(z), griff.taste);
             EXPECT_EQ(fingerFür(griff.taste), griff.finger);
         }
-    std::size_t imPlan = 0;
-    for (const Taste& t : tasten())
-        imPlan += t.zeichen.size();
-    EXPECT_EQ(imPlan, zeichenzahl) << "ein Zeichen auf zwei Tasten, oder hier nicht genannt";
 }
 
 TEST(Tastenplan, WasKeineTasteHat) {
@@ -47,20 +41,7 @@ TEST(Tastenplan, WasKeineTasteHat) {
     EXPECT_EQ(tasteFürZeichencode(L'"'), 0);
     EXPECT_EQ(tasteFürZeichencode(8), 14);
     EXPECT_EQ(tasteFürZeichencode(13), 28);
-    for (const int keine : {0, 60})
-        EXPECT_THROW(taste(keine), std::out_of_range);
     EXPECT_TRUE(fingerFür(42).empty());
-}
-
-TEST(Tastenplan, TheKeysFillTheirRowsFromEdgeToEdge) {
-    for (const Taste& a : tasten())
-        for (const Taste& b : tasten())
-            EXPECT_EQ(a.lage.intersected(b.lage).empty(), &a != &b)
-                << "Tasten " << a.nummer << " und " << b.nummer;
-    for (const int erste : {1, 15, 29, 42, 55})
-        EXPECT_EQ(taste(erste).lage.left, taste(1).lage.left) << erste;
-    for (const int letzte : {14, 28, 54, 59})
-        EXPECT_EQ(taste(letzte).lage.right(), taste(14).lage.right()) << letzte;
 }
 
 } // namespace
