@@ -59,13 +59,12 @@ void frmPfad::cmdNeuerPfad_Click() {
     Files& dateien = umgebung_.dateien();
     const std::wstring neu = mitBackslash(dateien.entered(txtPfadNeu.text()));
     txtPfadNeu.setText(gezeigt(neu));
-    // A relative path would be another folder at the next start. What is stored is what is tested.
-    const std::wstring absolut = mitBackslash(dateien.absolute(neu));
-    if (!zulässigeDatenablage(dateien, absolut)) {
+    if (!zulässigeDatenablage(dateien, neu)) {
         datenablageAblehnen(umgebung_, L"angegebene", neu);
         return;
     }
-    umgebung_.global.Datenpfad = absolut;
+    // A relative path would be another folder at the next start.
+    umgebung_.global.Datenpfad = mitBackslash(dateien.absolute(neu));
     lblPfadAktuell.setCaption(gezeigt(umgebung_.global.Datenpfad));
     OrdnerÜbernehmen();
 }

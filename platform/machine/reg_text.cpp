@@ -365,7 +365,6 @@ std::map<std::wstring, Registry::Value> RegText::values(std::wstring_view key) c
 void RegText::set(std::wstring_view key, std::wstring_view name, const Registry::Value& value) {
     bool inside = false;
     bool done = false;
-    bool gone = false;      // the key was taken away
     std::size_t behind = 0; // where a new value goes
     for (std::size_t at = 0; at < lines_.size(); ++at) {
         Line& there = lines_[at];

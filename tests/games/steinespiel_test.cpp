@@ -160,30 +160,6 @@ TEST_F(Steine, WallsAndLandedCellsStopStepsAndTurnsWithAClick) {
     EXPECT_FALSE(spiel.Form_KeyPress(L'a')) << "the key is still down";
 }
 
-TEST_F(Steine, RandomKeysFindNoWayOutOfTheShaft) {
-    for (unsigned saat = 1; saat <= 300; ++saat) {
-        SCOPED_TRACE(saat);
-        SeededRandom spieler(saat);
-        spiel.Startaufstellung(L"asdf jklö", spieler);
-        spiel.starten();
-        bool vorbei = spiel.Timer1_Timer(spieler);
-        for (int zug = 0; zug < 2000 && !vorbei; ++zug) {
-            const int punkte = spiel.Punkte;
-            if (zug % 4 == 0)
-                vorbei = spiel.Timer1_Timer(spieler);
-            else
-                taste(std::array{L' ', L'\r', spiel.TasteLinks,
-                                 spiel.TasteRechts}[static_cast<std::size_t>(4 * spieler.next())]);
-            ASSERT_GE(spiel.Punkte, punkte);
-            for (const auto& [x, y] : zellen(spiel.Stein)) {
-                ASSERT_TRUE(spiel.spalte(x) >= 1 && spiel.spalte(x) <= Steinespiel::Spalten);
-                ASSERT_TRUE(spiel.reihe(y) >= 1 && spiel.reihe(y) <= Steinespiel::Reihen);
-                ASSERT_TRUE(vorbei || spiel.farbe(spiel.spalte(x), spiel.reihe(y)) == spiel.SteinFarbe);
-            }
-        }
-    }
-}
-
 TEST_F(Steine, AnotherColourInTheWayEndsTheGame) {
     for (const bool gleiche : {false, true}) {
         mit(4);

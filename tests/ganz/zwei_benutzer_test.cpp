@@ -108,6 +108,10 @@ protected:
 
     std::wstring pfad(const char* unter) const { return logikpfad(b.daten() / unter); }
     double genauigkeit() { return zahlAus(b.satz(Kontosatz::Genauigkeit)).value_or(0); }
+    bool wertSchreiben(const char* konto) {
+        Kontodatei datei(dateien, pfad(konto));
+        return datei.schreiben(Kontosatz::Tempowert, std::int16_t{5}) && datei.schließen();
+    }
 
     Bühne b;
     PosixFiles dateien;
@@ -125,7 +129,7 @@ TEST_F(ZweiBenutzer, WhatTheProgramOfOneMakesTheOtherCanWriteRenameAndDelete) {
                 std::puts("(SKIP) this file system knows no access lists");
                 continue;
             }
-            // The account, the write test's file, a text, and a class with an account.
+            // The account, the write test's file, a text, and a class with settings and an account.
             als(anna, umask, [&] {
                 Kontodatei neu(dateien, logikpfad(b.konto()));
                 EXPECT_TRUE(neu.WerteSchreiben() && neu.schließen());
@@ -133,6 +137,7 @@ TEST_F(ZweiBenutzer, WhatTheProgramOfOneMakesTheOtherCanWriteRenameAndDelete) {
                 EXPECT_TRUE(textnameSchreiben(dateien, hasen, L"Anna.txt"));
                 EXPECT_TRUE(dateien.writeAll(pfad("Data/Texte/Neu.txt"), "von Anna"));
                 EXPECT_TRUE(dateien.makeFolder(pfad("Gruppen/Igel")));
+                EXPECT_TRUE(dateien.copyFile(pfad("Gruppen/KME.ein"), pfad("Gruppen/Igel/KME.ein")));
                 EXPECT_TRUE(Kontodatei(dateien, pfad("Gruppen/Igel/Tim._")).WerteSchreiben());
             });
             EXPECT_EQ(genauigkeit(), 100);
@@ -140,24 +145,48 @@ TEST_F(ZweiBenutzer, WhatTheProgramOfOneMakesTheOtherCanWriteRenameAndDelete) {
                 tippen(L"fjx f\r");
                 EXPECT_TRUE(textnameSchreiben(dateien, hasen, L"Bernd.txt"));
                 EXPECT_TRUE(dateien.writeAll(pfad("Data/Texte/Neu.txt"), "von Bernd"));
-                EXPECT_TRUE(Kontodatei(dateien, pfad("Gruppen/Igel/Tim._")).WerteSchreiben());
+                EXPECT_TRUE(wertSchreiben("Gruppen/Igel/Tim._"));
+                EXPECT_TRUE(wertSchreiben("Gruppen/Igel/KME.ein"));
                 EXPECT_TRUE(dateien.rename(pfad("Gruppen/Igel"), pfad("Gruppen/Dachs")));
+                EXPECT_TRUE(Kontodatei(dateien, pfad("Gruppen/Dachs/Eva._")).WerteSchreiben());
             });
             EXPECT_LT(genauigkeit(), 100);
             EXPECT_EQ(dateiinhalt(b.daten() / "Data" / "Texte" / "Neu.txt"), "von Bernd");
             EXPECT_EQ(textnameLesen(dateien, hasen), L"Bernd.txt");
             if (freigabe.ordner != 0777)
                 als(fremd, umask, [&] {
-                    for (const char* was :
-                         {"Data/Texte/Neu.txt", "Data/Texte/Fremd.txt", "Gruppen/Hasen/Mia._"})
+                    for (const char* was : {"lzf75.tst", "Data/Texte/Neu.txt", "Data/Texte/Fremd.txt",
+                                            "Gruppen/Hasen/Mia._", "Gruppen/Dachs/Eva._"})
                         EXPECT_FALSE(dateien.writeAll(pfad(was), "x")) << was;
                 });
             als(anna, umask, [&] {
-                EXPECT_TRUE(dateien.removeFile(pfad("Gruppen/Dachs/Tim._")));
+                EXPECT_TRUE(wertSchreiben("Gruppen/Dachs/Eva._"));
+                for (const wchar_t* was : {L"Eva._", L"Tim._", L"KME.ein"})
+                    EXPECT_TRUE(dateien.removeFile(pfad("Gruppen/Dachs/") + L"\\" + logikpfad(was))) << was;
                 EXPECT_TRUE(dateien.removeFolder(pfad("Gruppen/Dachs")));
                 EXPECT_TRUE(dateien.removeFile(pfad("Data/Texte/Neu.txt")));
             });
         }
+}
+
+TEST_F(ZweiBenutzer, WhatIsMeantForTheFoldersGroupDoesNotGoToAnotherOne) {
+    const fs::path ordner = b.ordner.pfad() / "Ordner";
+    fs::create_directory(ordner);
+    ::chown(ordner.c_str(), 0, gemeinsameGruppe);
+    ::chmod(ordner.c_str(), 0770);
+    auto mitFremdem = liste;
+    mitFremdem[2].number = fremd.nummer;
+    mitFremdem[3].may = 7;
+    if (!setAccess(ordner, mitFremdem))
+        GTEST_SKIP() << "(SKIP) this file system knows no access lists";
+    const auto schreiben = [&] {
+        const auto konto = dateien.openRecords(logikpfad(ordner / "Mia._"));
+        return konto && konto->write(0, "x");
+    };
+    for (const Benutzer& wer : {fremd, anna})
+        als(wer, 0022, [&] { EXPECT_TRUE(schreiben()); });
+    ::chmod(ordner.c_str(), 0777);
+    als({61004, fremd.gruppe, false}, 0022, [&] { EXPECT_FALSE(schreiben()); });
 }
 
 } // namespace
