@@ -17,6 +17,8 @@
 #include "teacher/einst_code.h"
 #include "teacher/einst_haupt.h"
 #include "teacher/einst_klassen.h"
+#include "teacher/einst_tastatur.h"
+#include "teacher/einst_texte.h"
 #include "teacher/frm_abbildung.h"
 #include "teacher/frm_pfad.h"
 
@@ -50,6 +52,8 @@ void formenEintragen(const Umgebung& umgebung) {
     eintragen<einst0>(umgebung, formname::einst0);
     eintragen<einstKlassen>(umgebung, formname::einstKlassen);
     eintragen<einstHaupt>(umgebung, formname::einstHaupt);
+    eintragen<einstTastatur>(umgebung, formname::einstTastatur);
+    eintragen<einstTexte>(umgebung, formname::einstTexte);
     eintragen<einstAllgemein>(umgebung, formname::einstAllgemein);
     eintragen<einstCode>(umgebung, formname::einstCode);
 }

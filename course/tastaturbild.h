@@ -1,8 +1,8 @@
 #pragma once
 
-#include "course/tastenplan.h"
 #include "platform/controls/control_array.h"
 #include "platform/controls/drawn.h"
+#include "screens/tastenplan.h"
 #include "screens/umgebung.h"
 
 #include <span>

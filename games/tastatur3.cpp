@@ -66,6 +66,7 @@ void Tastatur3::Form_KeyPress(KeyPress& taste) {
     case Wolkenspiel::Zug::schritt:
         umgebung_.klang(L"knopf.wav");
         zeigen();
+        repaint();
         break;
     case Wolkenspiel::Zug::schuss:
         umgebung_.klang(L"pb_Schieben.wav");

@@ -61,6 +61,7 @@ void Tetris::Form_KeyPress(KeyPress& taste) {
         return;
     umgebung_.klang(L"knopf.wav");
     zeigen();
+    repaint();
 }
 
 } // namespace klopfmeise

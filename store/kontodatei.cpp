@@ -41,6 +41,15 @@ bool Kontodatei::schreiben(int satz, const Wert& wert) {
     return schreibenBytes(satz, bytesAus(wert, Satzlänge));
 }
 
+bool Kontodatei::schreiben(Kontosatz erster, std::span<const Wert> werte) {
+    std::string bytes;
+    for (std::size_t i = 0; i < werte.size(); ++i) {
+        bytes.resize(i * Satzlänge, '\0');
+        bytes += bytesAus(werte[i], Satzlänge);
+    }
+    return schreibenBytes(static_cast<int>(erster), bytes);
+}
+
 std::wstring Kontodatei::lesenText(int satz) {
     const std::string bytes = lesenBytes(satz);
     if (bytes.size() < 2)

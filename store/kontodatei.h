@@ -4,6 +4,7 @@
 #include "store/wert.h"
 
 #include <memory>
+#include <span>
 #include <string>
 
 namespace klopfmeise {
@@ -43,6 +44,10 @@ public:
     /// Replaces one record in place by one short write; the rest of the file is not touched.
     bool schreiben(int satz, const Wert& wert);
     bool schreiben(Kontosatz satz, const Wert& wert) { return schreiben(static_cast<int>(satz), wert); }
+
+    /// Replaces successive records, from `erster` on, in one write: all of them, or none. What a slot holds
+    /// behind its value is cleared, but for that of the last one.
+    bool schreiben(Kontosatz erster, std::span<const Wert> werte);
 
     /// A record that holds a plain string without a tag: 16-bit length, then the text.
     std::wstring lesenText(int satz);

@@ -1,21 +1,14 @@
 #pragma once
 
 #include "store/globale.h"
+#include "store/konten.h"
 #include "store/lektionsdatei.h"
 
 namespace klopfmeise {
 
 /// What the course screens use of an account, with the defaults for records that were never set. The repair
 /// is made in memory only.
-struct Kurskonto {
-    int Vorlagemodus = 0;
-    int Fehlerstopp = 0;
-    int Zeitmodus = 0;
-    int Lektionsnummer = 1;
-    int Stufennummer = 1;
-    int Durchgangszahl = 1;
-    /// Tenths of a second per character.
-    int Tempowert = 10;
+struct Kurskonto : Kursparameter {
     /// Percent.
     double Genauigkeit = 100;
 };

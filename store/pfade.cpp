@@ -10,11 +10,10 @@ std::wstring klassenordner(const Globale& global) {
     return global.Datenpfad + L"Gruppen\\" + global.AktuelleKlasse;
 }
 
-std::wstring kontopfad(const Globale& global) {
-    std::wstring pfad = klassenordner(global) + global.AktuellesKonto;
-    if (!global.AktuellesKonto.ends_with(Kontoendung))
-        pfad += Kontoendung;
-    return pfad;
+std::wstring kontopfad(const Globale& global) { return kontopfad(global, kontoname(global)); }
+
+std::wstring kontopfad(const Globale& global, const std::wstring& name) {
+    return klassenordner(global) + name + std::wstring(Kontoendung);
 }
 
 std::wstring kontoname(const Globale& global) {

@@ -2,7 +2,7 @@
 // New keys stand out, known ones have their colour, the rest is pale.
 
 #include "course/tastenlegende.h"
-#include "course/tastenplan.h"
+#include "screens/tastenplan.h"
 #include "tools/kursdatei.h"
 #include "tools/palettenbild.h"
 #include "tools/tastenfarben.h"

@@ -2,7 +2,7 @@
 // The pictures are drawn with what SVG Tiny knows, since Qt SVG draws no more than that.
 
 #include "course/tastenlegende.h"
-#include "course/tastenplan.h"
+#include "screens/tastenplan.h"
 #include "tools/tastenfarben.h"
 
 #include <filesystem>

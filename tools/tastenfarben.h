@@ -1,6 +1,6 @@
 #pragma once
 
-#include "course/tastenplan.h"
+#include "screens/tastenplan.h"
 
 #include <array>
 #include <string_view>

@@ -23,6 +23,8 @@ struct CheckLook {
 class CheckControl : public TypedControl<CheckLook> {
 public:
     static constexpr bool is(Kind kind) { return kind == Kind::optionButton || kind == Kind::checkBox; }
+    /// Twips at the left that the sign takes. The caption wraps in the rest of the width.
+    static constexpr int signRoom = 20 * twipsPerPixel;
 
     const std::wstring& caption() const { return look().caption; }
     const Font& font() const { return look().font; }

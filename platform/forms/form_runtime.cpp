@@ -191,7 +191,7 @@ void FormRuntime::end() {
 Answer FormRuntime::message(const Message& message) { return backend_.showMessage(message); }
 
 void FormRuntime::wait(int milliseconds) {
-    if (!ended_)
+    if (!ended_ && milliseconds > 0)
         backend_.wait(milliseconds);
 }
 

@@ -1,6 +1,7 @@
 #include "platform/headless/headless_user.h"
 
 #include "platform/controls/visit.h"
+#include "platform/headless/headless_editor.h"
 #include "platform/headless/headless_widgets.h"
 
 #include <algorithm>
@@ -112,8 +113,13 @@ void HeadlessUser::paste(std::wstring_view text) {
     Form* form = runtime_.active();
     if (Control* focus = form ? form->focus() : nullptr)
         enter({}, [this, form, focus, pasted = std::wstring(text)] {
-            router_.tell(*form,
-                         [this, focus, pasted] { insertInto(*focus, router_.pasted(*focus, pasted)); });
+            router_.tell(*form, [this, focus, pasted] {
+                // An editor takes lines, which a box of one line does not.
+                if (auto* editor = as<RichTextBox>(focus))
+                    insertIntoEditor(*editor, pasted);
+                else
+                    insertInto(*focus, router_.pasted(*focus, pasted));
+            });
         });
 }
 
@@ -134,7 +140,7 @@ void HeadlessUser::click(Control& control, MouseButton button) {
             router_.mouseUp(control.parent(), x, y, button);
         } else if (auto* check = as<CheckControl>(&control); check && left) {
             router_.tell(form, [check] { check->pressed(); });
-        } else if (as<TextBox>(&control)) {
+        } else if (as<TextBox>(&control) || as<RichTextBox>(&control)) {
             form.focusMoved(&control);
         } else if (auto* key = as<Button>(&control); key && left) {
             if (key->tabStop())

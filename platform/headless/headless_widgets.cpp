@@ -2,6 +2,7 @@
 
 #include "platform/controls/visit.h"
 #include "platform/forms/form_runtime.h"
+#include "platform/headless/headless_editor.h"
 
 #include <algorithm>
 
@@ -18,6 +19,7 @@ constexpr int leftCode = 37;
 constexpr int upCode = 38;
 constexpr int rightCode = 39;
 constexpr int downCode = 40;
+constexpr int deleteCode = 46;
 constexpr wchar_t firstPrintable = 32;
 
 void insert(TextBox& box, const std::wstring& characters) {
@@ -46,6 +48,19 @@ bool takes(TextBox& box, const Key& key, const std::wstring& text) {
     return true;
 }
 
+bool takes(RichTextBox& box, const Key& key, const std::wstring& text) {
+    const auto pressedWith = [&](int code) { return std::ranges::find(key.codes, code) != key.codes.end(); };
+    if (pressedWith(backspaceCode) || pressedWith(deleteCode))
+        removeFromEditor(box, pressedWith(backspaceCode));
+    else if (pressedWith(leftCode) || pressedWith(rightCode))
+        moveInEditor(box, pressedWith(leftCode));
+    else if (!text.empty() && (text.front() >= firstPrintable || pressedWith(enterCode)))
+        insertIntoEditor(box, text);
+    else
+        return false;
+    return true;
+}
+
 /// Steps that the arrow and page keys mean; 0 for other keys.
 int steps(const Key& key, int small, int large) {
     for (const int code : key.codes) {
@@ -67,40 +82,41 @@ bool widgetTakes(Control& control, const Key& key, const std::wstring& text, Inp
     Form& form = formOf(control);
     FormRuntime& runtime = form.runtime();
     const auto pressedWith = [&](int code) { return std::ranges::find(key.codes, code) != key.codes.end(); };
-    return visit(control,
-                 Overloaded{[&](TextBox& box) {
-                                bool taken = false;
-                                runtime.dispatch(form, [&] { taken = takes(box, key, text); });
-                                return taken;
-                            },
-                            [&](Button& button) {
-                                const bool pressed = pressedWith(enterCode) || pressedWith(blankCode);
-                                if (pressed)
-                                    router.press(button);
-                                return pressed;
-                            },
-                            [&](ListControl& list) {
-                                const int by = steps(key, 1, 8);
-                                if (by != 0 && list.itemCount() > 0)
-                                    router.tell(form, [&list, by] {
-                                        list.movedTo(
-                                            std::clamp(list.selected() + by, 0, list.itemCount() - 1));
-                                    });
-                                return by != 0;
-                            },
-                            [&](RangeControl& range) {
-                                const int by = steps(key, range.smallStep(), range.largeStep());
-                                if (by != 0)
-                                    router.tell(form, [&range, by] { range.movedTo(range.value() + by); });
-                                return by != 0;
-                            },
-                            [&](CheckControl& check) {
-                                const bool pressed = pressedWith(blankCode);
-                                if (pressed)
-                                    router.tell(form, [&check] { check.pressed(); });
-                                return pressed;
-                            },
-                            [](Control&) { return false; }});
+    const auto typed = [&](auto& box) {
+        bool taken = false;
+        runtime.dispatch(form, [&] { taken = takes(box, key, text); });
+        return taken;
+    };
+    return visit(
+        control,
+        Overloaded{[&](TextBox& box) { return typed(box); }, [&](RichTextBox& box) { return typed(box); },
+                   [&](Button& button) {
+                       const bool pressed = pressedWith(enterCode) || pressedWith(blankCode);
+                       if (pressed)
+                           router.press(button);
+                       return pressed;
+                   },
+                   [&](ListControl& list) {
+                       const int by = steps(key, 1, 8);
+                       if (by != 0 && list.itemCount() > 0)
+                           router.tell(form, [&list, by] {
+                               list.movedTo(std::clamp(list.selected() + by, 0, list.itemCount() - 1));
+                           });
+                       return by != 0;
+                   },
+                   [&](RangeControl& range) {
+                       const int by = steps(key, range.smallStep(), range.largeStep());
+                       if (by != 0)
+                           router.tell(form, [&range, by] { range.movedTo(range.value() + by); });
+                       return by != 0;
+                   },
+                   [&](CheckControl& check) {
+                       const bool pressed = pressedWith(blankCode);
+                       if (pressed)
+                           router.tell(form, [&check] { check.pressed(); });
+                       return pressed;
+                   },
+                   [](Control&) { return false; }});
 }
 
 void insertInto(Control& control, const std::wstring& text) {

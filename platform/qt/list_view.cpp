@@ -9,6 +9,7 @@
 #include <QListView>
 #include <QMouseEvent>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 
 namespace klopfmeise {
 
@@ -42,6 +43,24 @@ private:
     std::shared_ptr<const ListControl::Items> shown_;
 };
 
+/// Rows of one size, which the toolkit asks of one row only: that of the longest name, so that it can be
+/// scrolled to.
+class RowPainter final : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        const QAbstractItemModel& rows = *index.model();
+        QModelIndex longest = index;
+        qsizetype most = 0;
+        for (int row = 0; row < rows.rowCount(); ++row)
+            if (const qsizetype length = rows.index(row, 0).data().toString().size(); length > most) {
+                most = length;
+                longest = rows.index(row, 0);
+            }
+        return QStyledItemDelegate::sizeHint(option, longest);
+    }
+};
+
 class ListWidget final : public QListView {
 public:
     ListWidget(QtFormView& view, ListControl& list, QWidget* parent)
@@ -51,6 +70,7 @@ public:
         , list_(list) {
         setModel(&model_);
         setUniformItemSizes(true);
+        setItemDelegate(new RowPainter(this));
         setEditTriggers(NoEditTriggers);
         setSelectionMode(SingleSelection);
         setVerticalScrollMode(ScrollPerItem);

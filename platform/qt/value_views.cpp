@@ -1,15 +1,22 @@
 #include "platform/controls/checks.h"
 #include "platform/controls/ranges.h"
+#include "platform/qt/container_widget.h"
 #include "platform/qt/control_view.h"
+#include "platform/qt/desk.h"
+#include "platform/qt/drawn_painter.h"
 #include "platform/qt/qt_form_view.h"
 #include "platform/qt/qt_text.h"
-#include "platform/qt/text_painter.h"
 
 #include <QCheckBox>
+#include <QPainter>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QSlider>
+#include <QStyleOptionButton>
+
+#include <algorithm>
+#include <type_traits>
 
 namespace klopfmeise {
 
@@ -38,19 +45,54 @@ private:
     QAbstractSlider& slider_;
 };
 
-/// The toolkit hears clicks on sign and caption only; here the whole place of the control is meant.
+/// An option button or check box. The toolkit knows captions of one line only, so the caption is drawn here;
+/// it stays the widget's text, too, by which assistive technology knows it.
 template <class Base>
-class WholePlace final : public Base {
+class CheckWidget final : public Base {
 public:
-    using Base::Base;
+    CheckWidget(QtFormView& view, CheckControl& check, QWidget* parent)
+        : Base(parent)
+        , view_(view)
+        , check_(check) {}
+    void setScale(const Scale& scale) {
+        scale_ = scale;
+        this->update();
+    }
 
 protected:
+    /// The toolkit hears clicks on sign and caption only; here the whole place of the control is meant.
     bool hitButton(const QPoint& at) const override { return this->rect().contains(at); }
+    void paintEvent(QPaintEvent*) override {
+        constexpr bool radio = std::is_same_v<Base, QRadioButton>;
+        QPainter painter(this);
+        QStyleOptionButton sign;
+        this->initStyleOption(&sign);
+        const int side = this->style()->pixelMetric(QStyle::PM_IndicatorWidth, &sign, this);
+        sign.rect = QRect(0, (this->height() - side) / 2, side, side);
+        this->style()->drawPrimitive(radio ? QStyle::PE_IndicatorRadioButton : QStyle::PE_IndicatorCheckBox,
+                                     &sign, &painter, this);
+        Rect caption = check_.place();
+        caption.left += CheckControl::signRoom;
+        caption.width -= CheckControl::signRoom;
+        countDevicePixels(painter, *this, cornerOnForm(*this));
+        view_.desk().texts.draw(
+            painter, scale_, caption, check_.caption(),
+            {.font = check_.font(), .color = this->isEnabled() ? look::ink : look::paleInk, .middle = true});
+        if (this->hasFocus())
+            paintInnerLine(painter, scale_.device(caption.grown(2 * twipsPerPixel)),
+                           std::max(1, scale_.length(twipsPerPixel)), toQt(look::blue));
+    }
+
+private:
+    QtFormView& view_;
+    CheckControl& check_;
+    Scale scale_;
 };
 
+template <class Widget>
 class CheckView final : public ControlView {
 public:
-    CheckView(QtFormView& view, CheckControl& check, QAbstractButton* widget)
+    CheckView(QtFormView& view, CheckControl& check, Widget* widget)
         : ControlView(view, check, widget)
         , check_(check)
         , button_(*widget) {
@@ -67,13 +109,19 @@ public:
 private:
     void syncLook(const Scale& scale) override {
         button_.setText(toQt(check_.caption()).replace(u'&', QStringLiteral("&&")));
-        button_.setFont(widgetFont(check_.font(), scale));
+        button_.setScale(scale);
         button_.setChecked(check_.value() != 0);
     }
 
     CheckControl& check_;
-    QAbstractButton& button_;
+    Widget& button_;
 };
+
+template <class Base>
+std::unique_ptr<ControlView> makeCheckView(QtFormView& view, CheckControl& check, QWidget* parent) {
+    using Widget = CheckWidget<Base>;
+    return std::make_unique<CheckView<Widget>>(view, check, new Widget(view, check, parent));
+}
 
 } // namespace
 
@@ -92,11 +140,11 @@ std::unique_ptr<ControlView> makeSliderView(QtFormView& view, Slider& slider, QW
 }
 
 std::unique_ptr<ControlView> makeOptionView(QtFormView& view, OptionButton& option, QWidget* parent) {
-    return std::make_unique<CheckView>(view, option, new WholePlace<QRadioButton>(parent));
+    return makeCheckView<QRadioButton>(view, option, parent);
 }
 
 std::unique_ptr<ControlView> makeCheckBoxView(QtFormView& view, CheckBox& box, QWidget* parent) {
-    return std::make_unique<CheckView>(view, box, new WholePlace<QCheckBox>(parent));
+    return makeCheckView<QCheckBox>(view, box, parent);
 }
 
 } // namespace klopfmeise

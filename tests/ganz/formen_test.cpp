@@ -1,3 +1,4 @@
+#include "platform/controls/checks.h"
 #include "platform/controls/drawn.h"
 #include "platform/values/text.h"
 #include "tests/buehne.h"
@@ -20,6 +21,11 @@ bool zeichnungDa(const std::wstring& name) {
     if (name.starts_with(L"taste_"))
         return name.size() == 8;
     return fs::exists(fs::path(KLOPFMEISE_QUELLEN) / "assets" / (toUtf8(name) + ".svg"));
+}
+
+bool textPasst(const CheckControl& check) {
+    const int zeilen = wrappedLines(check.caption(), check.font(), check.width() - CheckControl::signRoom);
+    return zeilen * metricsOf(check.font()).lineHeight <= check.height();
 }
 
 bool textPasst(const Label& label) {
@@ -46,6 +52,8 @@ void prüfen(const Container& container, int breite, int höhe, const std::wstri
                     (control.width() - innen.width <= 30 && control.height() - innen.height <= 30));
         const auto* label = dynamic_cast<const Label*>(&control);
         EXPECT_TRUE(!label || textPasst(*label));
+        const auto* wahl = dynamic_cast<const CheckControl*>(&control);
+        EXPECT_TRUE(!wahl || textPasst(*wahl));
         bool vorzulesen = control.windowed() && !control.asContainer() && control.visible();
         if (const auto* bild = dynamic_cast<const Picture*>(&control); bild && !bild->picture().file) {
             EXPECT_TRUE(bild->picture().empty() || zeichnungDa(bild->picture().name));

@@ -1,6 +1,6 @@
-#include "course/tastenplan.h"
 #include "platform/values/font.h"
 #include "platform/values/text.h"
+#include "screens/tastenplan.h"
 #include "tests/buehne.h"
 #include "tools/kursdatei.h"
 

@@ -70,7 +70,7 @@ TEST_F(Kind, ThePlaceTellsWhatStandsInTheWay) {
 }
 
 TEST_F(Kind, BehindTheLastStageComesTheNextLessonAndThePairIsWrittenWholeOrNotAtAll) {
-    Kurskonto konto{.Lektionsnummer = 4, .Stufennummer = 11};
+    Kurskonto konto{{.Lektionsnummer = 4, .Stufennummer = 11}};
     stufeBestanden(dateien, global, konto, 12);
     EXPECT_EQ(platz(), "\2\0\4\0\2\0\14\0"s);
     // Opening, record 32, and then 33 is refused.

@@ -1,4 +1,4 @@
-#include "course/tastenplan.h"
+#include "screens/tastenplan.h"
 
 #include "screens/zeichencodes.h"
 
