@@ -184,10 +184,10 @@ private:
         Frame1, L"optBalken", {105, 60, 3600, 525}, option(L"ohne Zeit üben (empfohlen)"), 0};
     OptionButton optBalken_1{Frame1, L"optBalken", {3885, 60, 3600, 525}, option(L"mit Zeit üben"), 1};
 
-    Frame frmZeit{frmEinstellungen, L"frmZeit", {105, 4935, 7785, 750}, {.border = false, .visible = false}};
+    Frame frmZeit{frmEinstellungen, L"frmZeit", {105, 4935, 7785, 750}, {.visible = false}};
     Label Label1_3{
-        frmZeit, L"Label1", {0, 15, 4680, 240}, text(L"Durchschn. Zeit pro Buchstabe (in sek):"), 3};
-    Label lblSpeed{frmZeit, L"lblSpeed", {4740, 15, 600, 240}, zahl()};
+        frmZeit, L"Label1", {45, 30, 4680, 240}, text(L"Durchschn. Zeit pro Buchstabe (in sek):"), 3};
+    Label lblSpeed{frmZeit, L"lblSpeed", {4785, 30, 600, 240}, zahl()};
     Slider sldSpeed{frmZeit,
                     L"sldSpeed",
                     {0, 210, 7785, Schieberhöhe},

@@ -105,7 +105,11 @@ bool widgetTakes(Control& control, const Key& key, const std::wstring& text, Inp
                        return by != 0;
                    },
                    [&](RangeControl& range) {
-                       const int by = steps(key, range.smallStep(), range.largeStep());
+                       int by = steps(key, range.smallStep(), range.largeStep());
+                       // On a slider that lies, up is more.
+                       const bool sideways = pressedWith(leftCode) || pressedWith(rightCode);
+                       if (range.kind() == Kind::slider && !range.vertical() && !sideways)
+                           by = -by;
                        if (by != 0)
                            router.tell(form, [&range, by] { range.movedTo(range.value() + by); });
                        return by != 0;

@@ -14,9 +14,11 @@
 #include <QSignalBlocker>
 #include <QSlider>
 #include <QStyleOptionButton>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <type_traits>
+#include <utility>
 
 namespace klopfmeise {
 
@@ -43,6 +45,26 @@ private:
 
     RangeControl& range_;
     QAbstractSlider& slider_;
+};
+
+/// A slider that one notch of the wheel moves by its small step; the toolkit would take three.
+class SliderWidget final : public QSlider {
+public:
+    using QSlider::QSlider;
+
+protected:
+    void wheelEvent(QWheelEvent* event) override {
+        constexpr int notch = 120;
+        turned_ += event->angleDelta().y();
+        const int notches = turned_ / notch;
+        turned_ %= notch;
+        setValue(value() + (invertedControls() ? -notches : notches) * singleStep());
+        // At its end too it does not scroll what lies around it.
+        event->accept();
+    }
+
+private:
+    int turned_ = 0;
 };
 
 /// An option button or check box. The toolkit knows captions of one line only, so the caption is drawn here;
@@ -78,9 +100,13 @@ protected:
         view_.desk().texts.draw(
             painter, scale_, caption, check_.caption(),
             {.font = check_.font(), .color = this->isEnabled() ? look::ink : look::paleInk, .middle = true});
-        if (this->hasFocus())
-            paintInnerLine(painter, scale_.device(caption.grown(2 * twipsPerPixel)),
-                           std::max(1, scale_.length(twipsPerPixel)), toQt(look::blue));
+        if (this->hasFocus()) {
+            constexpr int clearance = 3 * twipsPerPixel;
+            const Rect around{caption.left - clearance, caption.top, caption.width + clearance,
+                              caption.height};
+            paintInnerLine(painter, scale_.device(around), std::max(1, scale_.length(twipsPerPixel)),
+                           toQt(look::blue));
+        }
     }
 
 private:
@@ -96,13 +122,16 @@ public:
         : ControlView(view, check, widget)
         , check_(check)
         , button_(*widget) {
-        // Which option excludes which is the model's business.
-        button_.setAutoExclusive(false);
+        // Assistive technology toggles without a click, and a click on an option that is on does not toggle.
+        QObject::connect(widget, &QAbstractButton::toggled, widget, [this](bool on) {
+            if (on || !button_.autoExclusive()) {
+                toggled_ = true;
+                press();
+            }
+        });
         QObject::connect(widget, &QAbstractButton::clicked, widget, [this] {
-            // An option does not go off by a press.
-            if (check_.kind() == Kind::optionButton)
-                button_.setChecked(true);
-            tell([this] { check_.pressed(); });
+            if (!std::exchange(toggled_, false))
+                press();
         });
     }
 
@@ -110,11 +139,24 @@ private:
     void syncLook(const Scale& scale) override {
         button_.setText(toQt(check_.caption()).replace(u'&', QStringLiteral("&&")));
         button_.setScale(scale);
-        button_.setChecked(check_.value() != 0);
+        const QSignalBlocker quiet(button_);
+        if (check_.value() != 0) {
+            button_.setChecked(true);
+            return;
+        }
+        // The toolkit, too, knows which option excludes which, and would not let the last one go off.
+        const bool exclusive = button_.autoExclusive();
+        button_.setAutoExclusive(false);
+        button_.setChecked(false);
+        button_.setAutoExclusive(exclusive);
+    }
+    void press() {
+        tell([this] { check_.pressed(); });
     }
 
     CheckControl& check_;
     Widget& button_;
+    bool toggled_ = false;
 };
 
 template <class Base>
@@ -132,7 +174,7 @@ std::unique_ptr<ControlView> makeScrollBarView(QtFormView& view, ScrollBar& bar,
 }
 
 std::unique_ptr<ControlView> makeSliderView(QtFormView& view, Slider& slider, QWidget* parent) {
-    auto* widget = new QSlider(slider.vertical() ? Qt::Vertical : Qt::Horizontal, parent);
+    auto* widget = new SliderWidget(slider.vertical() ? Qt::Vertical : Qt::Horizontal, parent);
     // The least value lies at the top, as in a scroll bar.
     widget->setInvertedAppearance(slider.vertical());
     widget->setInvertedControls(slider.vertical());

@@ -1,13 +1,27 @@
 """The teacher's road through real windows, on a small and on a large screen: from the code pad through every screen and back;
 then the child's side obeys. A picture of each in <build>/bilder."""
 
+import struct
 import sys
 import time
 
 sys.dont_write_bytecode = True
 from ablage import Ablage, ganz
-from klopfmeise import GRAU, LEHRKRAFT, Klopfmeise, gleich
+from klopfmeise import ENDE, GRAU, KLASSE_1, LEHRKRAFT, NAME_2, Klopfmeise, gleich
 from schirm import Schirm, ausführen, prüfe, warte
+
+
+TEXT_TIPPEN, WOLKEN = (316, 289), (393, 289)
+
+
+def lang(zahl):
+    return struct.pack("<hi", 3, zahl)
+
+
+def satz(konto, nummer):
+    """The value of a record, as long as its type says."""
+    bytes_ = konto.read_bytes()[(nummer - 1) * 128:]
+    return bytes_[:6 if bytes_[0] == 3 else 4]
 
 
 class Lehrkraft:
@@ -96,6 +110,38 @@ def lehrkraft(breite, höhe):
               "die Einstellungen sind nicht die der Vorlage")
         l.auf_taste(2000, 2050)
         l.foto("32_hauptmenue")
+        l.auf_taste(1080, 1600)
+        # Neues Konto, and three names one after the other.
+        l.klick(640, 6040)
+        schirm.tippe("Anna\nÖzlem\nBen\n", 10)
+        konten = {name: gruppen / "4b Füchse" / f"{name}._" for name in ("Anna", "Özlem", "Ben")}
+        warte(lambda: all(k.is_file() for k in konten.values()), "die drei Konten")
+        l.foto("33_konten")
+        schirm.tippe("\n", 10)
+        # The slider of the lesson takes the keys once it is clicked: the small step to the right, twice.
+        l.klick(2310 + 160, 640)
+        for _ in range(2):
+            l.taste("Right")
+        # "mit Zeit üben"
+        l.klick(2310 + 105 + 4100, 4305 + 320)
+        warte(lambda: satz(konten["Ben"], 32) == lang(3) and satz(konten["Ben"], 31) == ganz(1), "Lektion 3 mit Zeit")
+        prüfe([satz(konten["Ben"], n) for n in (29, 30, 33, 34, 35)] == [ganz(0), ganz(0), lang(1), lang(3), lang(10)],
+              "die übrigen Werte sind nicht die des neuen Kontos")
+        prüfe(satz(konten["Anna"], 32) == ganz(0)[:4], "ein anderes Konto ist beschrieben")
+        l.foto("34_kurswerte")
+        l.menü("Hauptmenü")
+        l.auf_taste(5910, 1600)
+        # Neuer Text
+        l.klick(640, 4200)
+        schirm.tippe("Ausflug\n", 10)
+        text = ablage.pfad / "Data" / "Texte" / "Ausflug.txt"
+        warte(text.is_file, "der neue Text")
+        schirm.tippe("Am Dienstag fahren wir los.", 10)
+        warte(lambda: b"Dienstag fahren wir los." in text.read_bytes(), "der Text ist gespeichert")
+        einstellungen = (gruppen / "4b Füchse" / "KME.ein").read_bytes()
+        prüfe(einstellungen[13440:13440 + 13] == b"\x0b\x00Ausflug.txt", "die Klasse hat den Text nicht")
+        l.foto("35_texte")
+        l.menü("Hauptmenü")
         l.auf_taste(3495, 1600)
         l.klick(2865, 870)
         l.foto("36_allgemein")
@@ -120,6 +166,19 @@ def lehrkraft(breite, höhe):
         l.foto("38_code")
         l.taste("alt+F4")
         l.k.warte_auf("Klassenliste")
+        # The child's side obeys: the class by its new name, Ben behind Anna, the game closed, the new text.
+        l.k.geh(KLASSE_1, "Namensliste")
+        l.k.geh(NAME_2, "Menü")
+        schirm.klick(*WOLKEN)
+        schirm.foto_in_ruhe("39_spiel_geschlossen")
+        prüfe(l.k.zeigt("Menü"), "das geschlossene Spiel geht auf")
+        schirm.klick(*TEXT_TIPPEN)
+        warte(lambda: not l.k.zeigt("Menü"), "Text tippen")
+        schirm.ruhe()
+        schirm.tippe("Am Dienstag fahren wir los.", 10)
+        warte(lambda: satz(gruppen / "5c" / "Ben._", 40) == ganz(1), "der Text ist gezählt")
+        schirm.klick(*ENDE)
+        l.k.warte_auf("Menü")
         l.k.beenden()
 
 
