@@ -31,5 +31,16 @@ TEST(Controls, LaterMadeLiesAboveAndIsFoundByTheMouse) {
     EXPECT_EQ(painted, L"low high button shape ");
 }
 
+TEST(Controls, AValueLiesWithinItsBoundsHoweverTheyMove) {
+    Playground ground;
+    NotingForm sheet{ground.runtime, L"Sheet", {}, ground.diary};
+    Slider slider{
+        sheet, L"slider", {}, {.min = 1, .max = 9, .value = 12, .change = ground.diary.noting("high")}};
+    EXPECT_EQ(slider.value(), 9);
+    slider.setMax(5);
+    EXPECT_EQ(slider.value(), 5);
+    EXPECT_EQ(ground.diary.take(), "") << "the program's own changes are not told";
+}
+
 } // namespace
 } // namespace klopfmeise
