@@ -1,7 +1,6 @@
 """The program as a person sees it: its pages told by their pixels, and the way from one to the next. Places are
 in form coordinates, 800 by 600."""
 
-import pathlib
 import re
 
 from schirm import prüfe, warte
@@ -110,6 +109,3 @@ class Klopfmeise:
         # Nothing that a sanitizer or the toolkit has to complain of.
         klagen = re.findall(r".*(?:Sanitizer|runtime error|QWidget::|QObject::|QPainter::|ASSERT).*", text)
         prüfe(not klagen, f"Klagen in der Ausgabe: {klagen[:3]}")
-
-    def geladen(self, bibliothek):
-        return bibliothek in pathlib.Path(f"/proc/{self.lauf.pid}/maps").read_text()

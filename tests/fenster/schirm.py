@@ -184,9 +184,9 @@ class Schirm(contextlib.ExitStack):
         self.ruhe(*bereich, **maße)
         self.foto(name)
 
-    def fenster(self, name, art="--name"):
+    def fenster(self, name):
         """Ids of the shown windows whose title matches."""
-        return self.befehl("xdotool", "search", "--onlyvisible", art, name).split()
+        return self.befehl("xdotool", "search", "--onlyvisible", "--name", name).split()
 
     def warte_tastatur(self, fenster, was):
         """Until one of these windows has the keys."""

@@ -24,23 +24,6 @@ protected:
     RichTextBox box_{sheet_, L"box", {0, 0, 6000, 3000}, {.change = [this] { ++changes_; }}};
 };
 
-TEST_F(RichTextBoxTest, TheSelectionTakesAFormatAndItsParagraphsAnAlignment) {
-    const std::wstring text = L"Großartig\r\nx";
-    EXPECT_EQ(box_.text(), text);
-    box_.select(0, static_cast<int>(text.size()));
-    const RtfFormat plain{.typeface = L"Courier New", .halfPoints = 20};
-    box_.formatSelection(plain, RtfAlignment::left);
-    box_.select(3, 2);
-    RtfFormat bold = plain;
-    bold.bold = true;
-    box_.formatSelection(bold, RtfAlignment::right);
-    EXPECT_EQ(box_.document(),
-              (RtfDocument{{{{{L"Gro", plain}, {L"ßa", bold}, {L"rtig", plain}}, RtfAlignment::right},
-                            {{{L"x", plain}}}}}));
-    EXPECT_EQ(box_.text(), text);
-    EXPECT_EQ(changes_, 0);
-}
-
 TEST_F(RichTextBoxTest, ASavedDocumentComesBackWithTheEmptyLinesAtItsEnd) {
     EXPECT_EQ(box_.font().points, 9.75);
     for (const std::wstring text : {L"", L"a\r\n", L"a\r\n\r\n", L"\r\n\r\na\tb €"}) {
@@ -65,7 +48,7 @@ TEST_F(RichTextBoxTest, AFileThatCouldNotBeReadLeavesAnEmptyBoxAndIsNotSavedOver
     EXPECT_EQ(box_.text(), L"Großartig\r\nx");
 }
 
-TEST_F(RichTextBoxTest, WhatWasCutOnReadingIsNeitherEditedNorSavedAndAPhotoCutsNothing) {
+TEST_F(RichTextBoxTest, WhatWasCutOnReadingIsNeitherEditedNorSaved) {
     const std::string longText = "{\\rtf1 " + std::string(rtfMaxCharacters, 'a') + "\\par b}";
     dateiSchreiben(folder_.pfad() / "long.txt", longText);
     EXPECT_EQ(box_.loadFile(path(L"long.txt")), RtfOutcome::cut);
@@ -78,28 +61,8 @@ TEST_F(RichTextBoxTest, WhatWasCutOnReadingIsNeitherEditedNorSavedAndAPhotoCutsN
     EXPECT_EQ(dateiinhalt(folder_.pfad() / "long.txt"), longText);
     EXPECT_EQ(box_.text().size(), rtfMaxCharacters);
     EXPECT_EQ(changes_, 0);
-
-    const std::string photo = "{\\pict\\jpegblip " + std::string(std::size_t{17} << 20U, 'f') + "}";
-    dateiSchreiben(folder_.pfad() / "photo.txt", "{\\rtf1 before" + photo + "behind}");
-    EXPECT_EQ(box_.loadFile(path(L"photo.txt")), RtfOutcome::whole);
-    EXPECT_EQ(box_.text(), L"beforebehind");
-    EXPECT_FALSE(box_.readOnly());
-    EXPECT_TRUE(box_.saveFile(path(L"other.txt")));
     box_.setText(std::wstring(rtfMaxCharacters + 1, L'a'));
     EXPECT_FALSE(box_.saveFile(path(L"other.txt")));
-}
-
-TEST_F(RichTextBoxTest, TheUserChangesTheDocumentWithinTheBoundAndMovesTheSelection) {
-    const RtfDocument typed = documentFromPlainText(L"ab\r\nc").document;
-    const RtfDocument tooLong{{{{{std::wstring(rtfMaxCharacters + 1, L'a'), {}}}}}};
-    for (const RtfDocument& document : {typed, typed, tooLong})
-        box_.edited(document, 5, 0);
-    EXPECT_EQ(box_.text(), L"ab\r\nc");
-    EXPECT_EQ(changes_, 1);
-    EXPECT_EQ(box_.selectionStart(), 5);
-    box_.movedTo(1, 99);
-    EXPECT_EQ(box_.selectionStart(), 1);
-    EXPECT_EQ(box_.selectionLength(), 4);
 }
 
 } // namespace

@@ -73,9 +73,7 @@ TEST_F(InputLineTest, OfAHeldKeyOneRepeatWaits) {
     key("b", keyDown, 2, false, 70);
     key("B", keyUp, 2, false, 80);
     key("b", keyDown, 2, false, 90);
-    key("B", keyUp, 2);
-    key("b", keyDown, 2);
-    EXPECT_EQ(served(), "a repeat A b B b B b");
+    EXPECT_EQ(served(), "a repeat A b B b");
 }
 
 TEST_F(InputLineTest, AReleaseWaitsAMomentForThePressThatMakesItARepeat) {
@@ -103,35 +101,23 @@ TEST_F(InputLineTest, AReleaseWaitsAMomentForThePressThatMakesItARepeat) {
     EXPECT_EQ(served(), "b B c") << "behind a release comes something else";
 }
 
-TEST_F(InputLineTest, AMoveOfTheMouseTakesThePlaceOfTheOneBeforeIt) {
-    const int windows[2] = {};
-    for (const auto& [event, window] :
-         {std::pair("lost", 0), {"first", 0}, {"other", 1}, {"lost", 0}, {"second", 0}})
-        enter(event, {.kind = mouseMove, .window = &windows[window]});
-    enter("press", {});
-    enter("third", {.kind = mouseMove, .window = windows});
-    EXPECT_EQ(served(), "first other second press third");
-}
-
 TEST(DeadKeysTest, AnAccentJoinsTheNextCharacterWhereTheTwoGoTogether) {
     // Small letters and blanks are typed, accents are accent keys; the dash is a key without a character,
     // such as shift.
-    const std::pair<std::wstring_view, std::wstring_view> cases[]{
-        {L"´e´", L"é"},  {L"^A~nx", L"Âñx"},     {L"^x", L"^x"},   {L"^ e", L"^e"}, {L"´´e", L"´e"},
-        {L"`^e", L"`ê"}, {L"ˇs°a¸c¨y", L"šåçÿ"}, {L"~~~o", L"~õ"}, {L"^-e", L"ê"}};
-    for (const auto& [keys, text] : cases) {
+    for (const auto& [keys, text] : {std::pair(L"´e´", L"é"),
+                                     {L"^A~nx", L"Âñx"},
+                                     {L"^x", L"^x"},
+                                     {L"^ e", L"^e"},
+                                     {L"`^e", L"`ê"},
+                                     {L"^-e", L"ê"}}) {
         DeadKeys deadKeys;
         std::wstring typed;
-        for (const wchar_t key : keys)
-            typed += std::wstring_view(L"´`^~¨¸°ˇ").find(key) != std::wstring_view::npos
+        for (const wchar_t key : std::wstring_view(keys))
+            typed += std::wstring_view(L"´`^~").find(key) != std::wstring_view::npos
                          ? deadKeys.accent(key)
                          : deadKeys.typed(key == L'-' ? std::wstring_view() : std::wstring_view(&key, 1));
         EXPECT_EQ(typed, text);
     }
-    DeadKeys deadKeys;
-    deadKeys.accent(L'^');
-    deadKeys.reset();
-    EXPECT_EQ(deadKeys.typed(L"e"), L"e");
 }
 
 } // namespace

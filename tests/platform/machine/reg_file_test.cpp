@@ -88,7 +88,6 @@ TEST_F(RegFileTest, WhatIsSetComesBackAndTheRestOfTheFileStays) {
          other + keyLine + "\"Kept\"=\"a\"\r\n\"N\"=hex(7):61,00,62\r\n\r\n" + other},
         {sloppy + "  \"pin\" = \"72\"  ; Lehrkräfte\n", "Pin", text,
          sloppy + "  \"pin\" = hex(1):31,22,32  ; Lehrkräfte\n"},
-        {sloppy + "\"Pin\"=dword:1 ; eins", "pin", number, sloppy + "\"Pin\"=dword:80000007 ; eins"},
         {sloppy + "\"Z\"=\"x\"", "P\"\\", number, sloppy + "\"Z\"=\"x\"\n\"P\\\"\\\\\"=dword:80000007\n"},
         {keyLine + "\"Pin\"=\"1\"\r\n\"PIN\"=hex(1):32,\\\r\n  32\r\n\"Z\"=\"x\"\r\n", "Pin", number,
          keyLine + "\"Pin\"=dword:80000007\r\n\"Z\"=\"x\"\r\n"},
@@ -143,7 +142,6 @@ TEST_F(RegFileTest, EachEncodingIsReadAndWrittenBackAsItIs) {
     lay(toUtf16<false>(mark + laid + L"\"Path\"=hex(1):dc,00,1a,04,00,00\r\n"));
     EXPECT_EQ(read("Path"), Content(Type::string, "\xEF\xBB\xBF\u00DC\u041A\0"s));
     lay(toUtf16<false>(mark + laid + L"[-HKEY_LOCAL_MACHINE\\Software\\KLOPFMEISE]\r\n\"Pin\"=\"1\"\r\n"));
-    EXPECT_FALSE(read("\xD6L"));
     EXPECT_FALSE(read("Pin"));
     // Beyond the code page, in a pair of units and in one: UTF-8 behind its mark.
     lay(toUtf16<false>(mark + laid + L"\"Path\"=\"\xD83D\xDE00 шк\"\r\n"));
@@ -185,16 +183,12 @@ TEST_F(RegFileTest, AFailedWriteLeavesTheFileAndIsTold) {
 
 TEST_F(RegFileTest, AKeyIsMadeOnceOnlyInTheMachinesHiveAndWrittenOnlyIfOpenedForIt) {
     constexpr std::uint32_t currentUser = 0x80000001;
-    const auto create = [&](RegFile& file, std::uint32_t hive = RegFile::localMachine) {
-        return file.create(hive, key_, RegFile::writeAccess);
-    };
+    const auto create = [&](std::uint32_t hive) { return file_.create(hive, key_, RegFile::writeAccess); };
     EXPECT_EQ(file_.open(RegFile::localMachine, key_, RegFile::readAccess).status,
               RegistryStatus::fileNotFound);
-    EXPECT_EQ(create(file_).disposition, 1U);
-    EXPECT_EQ(create(file_).disposition, 2U);
-    EXPECT_EQ(create(file_, currentUser).status, RegistryStatus::accessDenied);
-    RegFile nowhere(path_ + "/below a file.reg");
-    EXPECT_EQ(create(nowhere).status, RegistryStatus::accessDenied);
+    EXPECT_EQ(create(RegFile::localMachine).disposition, 1U);
+    EXPECT_EQ(create(RegFile::localMachine).disposition, 2U);
+    EXPECT_EQ(create(currentUser).status, RegistryStatus::accessDenied);
 
     const auto opened = open(RegFile::readAccess);
     EXPECT_EQ(file_.set(opened, "Pin", {Type::string, "1"}), RegistryStatus::accessDenied);

@@ -40,15 +40,10 @@ TEST(RtfReading, LinesParagraphsAndWhatIsNoText) {
         {R"({\rtf1 a\nestcell b\nestcell{\*\nesttableprops\trowd x\nestrow}{\nonesttables\par}c\nestcell)"
          R"({\*\nesttableprops\nestrow}d\cell\row e})",
          L"a\tb\t\r\nc\t\r\nd\t\r\ne"},
-        {R"({\rtf1{\header{\*\nesttableprops\nestrow}}{\*\neu{\nesttableprops\nestrow}}a})", L"a"},
         // Rich-text boxes and word processors end the last paragraph too, and drop that end on loading.
         {R"({\rtf1 a\par b\par })", L"a\r\nb"},
         {"{\\rtf1 a\\par\r\n{\\b\\v x}\\pard\\plain}\r\n", L"a"},
-        {R"({\rtf1 a\par\par\par})", L"a\r\n\r\n"},
         {R"({\rtf1\par})", L""},
-        {R"({\rtf1 a\cell\row})", L"a\t"},
-        {R"({\rtf1 a\sect})", L"a"},
-        {R"({\rtf1{\*\neu x{y}}{\info{\title x}}{\stylesheet{\s0 x;}}{\header x\par}{\pict 00ff}a})", L"a"},
         {R"({\rtf1{\fonttbl{\f0 x;}}{\colortbl x;}{\pict\bin3 }}{})"
          R"({\field{\*\fldinst x}{\fldrslt a}}{\listtext 1.\tab}{\pntext\'b7}{\footnote x}})",
          L"a"},
@@ -66,8 +61,6 @@ TEST(RtfReading, Characters) {
         {R"({\rtf1 \u-10179?a\u-8704?b\u-10179?\u-10179?\par\u1114112?})",
          L"\uFFFDa\uFFFDb\uFFFD\uFFFD\r\n\uFFFD"},
         {"{\\rtf1 a\\u8364\\par b\\u8364{c\\u8364}d\\u8364\\b e\\u8364\\\nf}", L"a€\r\nb€c€d€e€\r\nf"},
-        {R"({\rtf1\uc2 \u228\bin1 xya\u-32768??b})", L"äa\u8000b"},
-        {R"({\rtf1 a\'0a\'0d\u10?\u0?\'09b})", L"a\tb"},
         {"{\\rtf1 a\0b\x01\\bin3 }}}\\bin2\\{c}"s, L"abc"},
         // What no key types becomes a blank, a hyphen or nothing.
         {R"({\rtf1 a\~b\emspace c\enspace d\qmspace e\_f\zwj g\zwnj h\-i\ltrmark j})", L"a b c d e-fghij"},
@@ -90,23 +83,16 @@ TEST(RtfReading, CodePages) {
     expectTexts({{"{\\rtf1\\ansi" + bytes, L"ä¹" + named + L"¹"},
                  {"{\\rtf1\\ansi\\ansicpg1250" + bytes, L"äą" + named + L"ą"},
                  {"{\\rtf1\\mac" + bytes, L"‰π" + named + L"π"},
-                 {R"({\rtf1\mac\'8a\'9f\'a7\'ca x\'f0})", L"äüß  x"},
-                 {R"({\rtf1\pc\'84\'81\'e1})", L"äüß"},
                  {R"({\rtf1\pca\'84\'81\'e1\'f0})", L"äüß"},
-                 {R"({\rtf1\ansi\ansicpg1251 \'cf\u1086\'ee})", L"По"},
                  {R"({\rtf1\ansi\ansicpg932 \'e4})", L"ä"}});
-    const auto document = read("{\\rtf1\\ansi\\deff2" + fonts + "\\'b9}");
-    EXPECT_EQ(document.paragraphs[0].runs, (std::vector<RtfRun>{{L"ą", {L"ą"}}}));
 }
 
 TEST(RtfReading, BrokenDocumentsGiveWhatCanBeRead) {
     expectTexts({{R"({\rtf1 a{b)", L"ab"},
                  {R"({\rtf1 a\)", L"a"},
-                 {R"({\rtf1 a\')", L"a"},
                  {R"({\rtf1 a\'zzb}c}})", L"azzb"},
                  {R"({\rtf1 a\bin999999999999 bcd)", L"a"},
                  {R"({\rtf1 a\bin-5 b\uc-1\u228 c\u99999999999999999999?d)", L"abäc\uFFFD?d"},
-                 {R"({\rtf)", L""},
                  {"{\\rtf1 " + repeated("{\\b ", 100'000) + "a" + repeated("}", 100'000) + "b}c", L"ab"}});
     const auto document = read(R"({\rtf1\fs99999999999 a\fs-4\f-1\cf-1\cf99999 b\f99999 c})");
     ASSERT_EQ(document.paragraphs[0].runs.size(), 2U);
@@ -137,9 +123,6 @@ TEST(RtfReading, FormatsAndAlignments) {
                                        {L"d", blue}, {L"e", red},        {L"f", underlined},
                                        {L"g", own},  {L"h", {L"Offen"}}, {L"ij", own}};
     EXPECT_EQ(document.paragraphs, std::vector{RtfParagraph{expected}});
-    const auto withoutGroups = read(R"({\rtf1{\fonttbl\f0\fnil Arial;\f1 Courier;}x\f1 y})");
-    EXPECT_EQ(withoutGroups.paragraphs[0].runs,
-              (std::vector<RtfRun>{{L"x", {L"Arial"}}, {L"y", {L"Courier"}}}));
 
     std::vector<RtfAlignment> alignments;
     for (const auto& paragraph :
@@ -151,14 +134,11 @@ TEST(RtfReading, FormatsAndAlignments) {
 
 TEST(RtfReading, PlainText) {
     expectTexts({{"", L""},
-                 {R"({\rt a\par})", L"{\\rt a\\par}"},
                  {"\xFC\xDF\r\nb\rc\n\nd\t\x80\r\n", L"üß\r\nb\r\nc\r\n\r\nd\t€\r\n"},
                  {"\xEF\xBB\xBFä\n€😀", L"ä\r\n€😀"},
                  {"\xEF\xBB\xBF\xC3(\xC0\x80\xED\xA0\xF4\x90\xE2",
                   L"\uFFFD(\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD"},
-                 {"ä\x01😀", L"ä😀"},
                  {"ä \xE4", L"Ã¤ ä"},
-                 {"ä\xC3", L"Ã¤Ã"},
                  {"\xFF\xFE\xE4\0\r\0\n\0\xAC\x20\x3D\xD8\x00\xDE\x00\xDE\x3D\xD8"s, L"ä\r\n€😀\uFFFD\uFFFD"},
                  {"\xFE\xFF\0\xE4\xD8\x3D\0a\xD8\x3D\xDE\0x"s, L"ä\uFFFDa😀"},
                  {"\xEF\xBB\xBF{\\rtf1 a}", L"a"}});
@@ -179,11 +159,9 @@ TEST(RtfReading, ATextBeyondTheBoundIsCutAndSaysSo) {
         {"{\\rtf1 " + lines + "ab}", rtfMaxCharacters, cut},
         {most, rtfMaxCharacters, whole},
         {most + "\n", rtfMaxCharacters, cut},
-        {repeated("ä", rtfMaxCharacters), rtfMaxCharacters, whole},
         // Far behind the bound a cut may go through a character.
         {repeated("ä", 400'000), rtfMaxCharacters, cut},
         {"a" + repeated("ä", 400'000), rtfMaxCharacters, cut},
-        {repeated("\n", 600'000), rtfMaxCharacters, cut},
     };
     for (const auto& [bytes, size, expected] : cases) {
         SCOPED_TRACE(bytes.substr(0, 20));
@@ -197,35 +175,27 @@ TEST(RtfReading, ATextBeyondTheBoundIsCutAndSaysSo) {
 
 TEST(RtfReading, APhotoIsPassedOverAndNotHeld) {
     static constexpr std::size_t block = std::size_t{1} << 20U;
-    std::size_t given = 0;
     // A document with so many bytes of a picture, made on demand.
-    const auto withPicture = [&given](const std::string& words, std::size_t count, char filler) {
-        const std::string before = "{\\rtf1 a{\\pict" + words;
+    const auto withPicture = [](std::size_t count) {
+        const std::string before = "{\\rtf1 a{\\pict\\jpegblip ";
         const std::string behind = "}b}";
-        return readRtf([=, &given](std::int64_t offset, std::size_t size) {
+        return readRtf([=](std::int64_t offset, std::size_t size) {
             EXPECT_LE(size, block);
             const auto at = static_cast<std::size_t>(offset);
             const std::size_t end = before.size() + count;
-            const std::string piece = at < before.size() ? before.substr(at, size)
-                                      : at < end         ? std::string(std::min(size, end - at), filler)
-                                                 : behind.substr(std::min(at - end, behind.size()), size);
-            given += piece.size();
-            return piece;
+            return at < before.size() ? before.substr(at, size)
+                   : at < end         ? std::string(std::min(size, end - at), 'f')
+                                      : behind.substr(std::min(at - end, behind.size()), size);
         });
     };
-    const auto binary = withPicture("\\bin" + std::to_string(40 * block) + " ", 40 * block, '}');
-    EXPECT_LE(given, block);
-    for (const RtfReading& reading : {binary, withPicture("\\jpegblip ", 40 * block, 'f')}) {
-        EXPECT_EQ(reading.document.plainText(), L"ab");
-        EXPECT_EQ(reading.outcome, RtfOutcome::whole);
-    }
-    const auto endless = withPicture(" ", block * block, 'f');
-    EXPECT_EQ(endless.document.plainText(), L"a");
-    EXPECT_EQ(endless.outcome, RtfOutcome::cut);
+    const auto large = withPicture(40 * block);
+    EXPECT_EQ(large.document.plainText(), L"ab");
+    EXPECT_EQ(large.outcome, RtfOutcome::whole);
+    EXPECT_EQ(withPicture(block * block).outcome, RtfOutcome::cut);
 }
 
 TEST(RtfReading, TheEdgesOfBlocksAreNotSeenAndAFailingSourceGivesNothing) {
-    for (const auto& bytes : {testDocument("letter.rtf"), testDocument("list.rtf"), "Grüße\r\n\r\na"s}) {
+    for (const auto& bytes : {testDocument("letter.rtf"), "Grüße\r\n\r\na"s}) {
         const auto inPieces = [&](std::size_t size, std::size_t failsFrom = std::string::npos) {
             return readRtf([=, &bytes](std::int64_t offset, std::size_t) {
                 const auto at = static_cast<std::size_t>(offset);
@@ -276,32 +246,15 @@ TEST(RtfWriting, WhatIsWrittenReadsTheSame) {
     EXPECT_EQ(read(writeRtf({})), RtfDocument{{{}}});
 }
 
-TEST(RtfWriting, WhatIsUnfitDoesNotSpoilTheRest) {
-    const RtfRun run{
-        {L'a', L'\r', L'\x01', static_cast<wchar_t>(0xD83D), static_cast<wchar_t>(0x110000), L'b'},
-        {L"", 0, false, false, false, 0xFF123456}};
-    EXPECT_EQ(read(writeRtf({{{{run, {L"", {}}, run, run}}}})),
-              (RtfDocument{{{{{L"a??ba??ba??b", {L"", 2, false, false, false, 0x123456}}}}}}));
-}
-
-TEST(RtfReading, TheDocumentsOfAWordProcessor) {
+TEST(RtfReading, ADocumentOfAWordProcessor) {
     const auto letter = read(testDocument("letter.rtf"));
     ASSERT_EQ(letter.plainText(), L"Grüße aus Köln\r\nKäse, Öl & Brot:\t3,50 € rot und schräg 😀\r\n\r\n\r\n"
                                   L"Zeile eins\r\nZeile zwei {Klammer} \\ Strich „so“ – ß");
     ASSERT_EQ(letter.paragraphs.size(), 5U);
     EXPECT_EQ(letter.paragraphs[0],
               (RtfParagraph{{{L"Grüße aus Köln", {L"Arial", 32, true}}}, RtfAlignment::center}));
-    const auto& cheese = letter.paragraphs[1];
-    EXPECT_EQ(cheese.alignment, RtfAlignment::left);
-    ASSERT_EQ(cheese.runs.size(), 5U);
-    EXPECT_EQ(cheese.runs[1], (RtfRun{L"rot", {L"Courier New", 24, false, false, false, 0xFF0000}}));
-    EXPECT_EQ(cheese.runs[3].format, (RtfFormat{L"Courier New", 24, false, true, false, 0x0000C8}));
-    EXPECT_TRUE(letter.paragraphs[4].runs.at(0).format.underlined);
-
-    const auto list = read(testDocument("list.rtf"));
-    ASSERT_EQ(list.plainText(), L"Einkauf\r\nÄpfel\r\nMöhren\r\nMontag\tMüsli\t\r\n"
-                                L"Mehr steht in der Fußnote, und Ελλάδα auch.");
-    EXPECT_EQ(list.paragraphs.back().alignment, RtfAlignment::justified);
+    EXPECT_EQ(letter.paragraphs[1].runs.at(3).format,
+              (RtfFormat{L"Courier New", 24, false, true, false, 0x0000C8}));
 }
 
 } // namespace

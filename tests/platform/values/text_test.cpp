@@ -1,14 +1,11 @@
 #include "platform/values/text.h"
 
-#include "platform/values/font.h"
 #include "platform/values/windows1252.h"
 
 #include <gtest/gtest.h>
 
 namespace klopfmeise {
 namespace {
-
-using Lines = std::vector<std::wstring_view>;
 
 TEST(Utf8, EveryLengthGoesThereAndBackAndForeignBytesSurvive) {
     const std::wstring text = L"a\u007F\u0080\u07FF\u0800\uFFFD\uFFFF\U00010000\U0010FFFF";
@@ -36,14 +33,6 @@ TEST(Windows1252, EveryByteSurvivesTheWayThereAndBackAndWhatIsMissingBecomesAQue
     EXPECT_EQ(toWindows1252(static_cast<wchar_t>(-1)), -1);
 }
 
-TEST(Names, CompareWithoutRegardToCaseInTheWholeCodePage) {
-    EXPECT_EQ(upper(L"azàöøþšœžÿ ß÷`{"), L"AZÀÖØÞŠŒŽŸ ß÷`{");
-    EXPECT_TRUE(sameName(L"Ärger.TXT", L"ärger.txt"));
-    EXPECT_FALSE(sameName(L"a", L"ab") || sameName(L"÷", L"×"));
-    EXPECT_TRUE(matches(L"abxbzc", L"A*b?c") && matches(L"", L"*") && matches(L"a", L"a**"));
-    EXPECT_FALSE(matches(L"a", L"a?") || matches(L"ab", L"a") || matches(L"abx", L"*b"));
-}
-
 TEST(Numbers, AreRoundedAndSpelledAsAPersonWritesThem) {
     EXPECT_EQ(Int(-0.5), -1);
     EXPECT_EQ(Int(2.9), 2);
@@ -63,23 +52,6 @@ TEST(Numbers, AreRoundedAndSpelledAsAPersonWritesThem) {
     for (const wchar_t* none :
          {L"", L"  ", L"zwei", L"1 2", L"1,2,3", L"inf", L"nan", L"1e999", L"\u0661", L"5ü"})
         EXPECT_FALSE(spelledNumber(none)) << toUtf8(none);
-}
-
-TEST(Lines, WrapAtABlankThatMayHangOverTheMargin) {
-    const Font font{courier, 14.25, true};
-    const int five = 5 * metricsOf(font).charWidth;
-    const std::tuple<std::wstring_view, int, Lines> cases[]{{L"abcde fgh", five, {L"abcde", L"fgh"}},
-                                                            {L"ab cd ef", five + 1, {L"ab cd", L"ef"}},
-                                                            {L"ab cd ef", five - 1, {L"ab", L"cd", L"ef"}},
-                                                            {L" abcdefgh", five, {L" abcd", L"efgh"}},
-                                                            {L"a\r\n\nb\rc", five, {L"a", L"", L"b", L"c"}},
-                                                            {L"ab", 0, {L"a", L"b"}},
-                                                            {L"", five, {L""}}};
-    for (const auto& [text, width, lines] : cases)
-        EXPECT_EQ(linesOf(text, font, width), lines);
-    const TextSize size = sizeOf(L"ab\r\nabcd\nc", font);
-    EXPECT_EQ(size.width, 4 * metricsOf(font).charWidth);
-    EXPECT_EQ(size.height, 3 * metricsOf(font).lineHeight);
 }
 
 } // namespace
