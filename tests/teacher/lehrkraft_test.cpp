@@ -317,8 +317,8 @@ TEST(Schalter, ThatCouldNotBeReadAreNotWritten) {
     const std::string vorher = dateiinhalt(kme);
     b.runtime.show(L"einst0");
     b.global.AktuelleKlasse = L"Hasen\\";
-    // The folder is looked for, the file opened, and then read.
-    dateien.ausfallenBei(3);
+    // A link, the folder, the file opened, and then read.
+    dateien.ausfallenBei(4);
     b.runtime.show(L"einstAllgemein");
     EXPECT_EQ(dateien.ausfall(), Vorgang::lesen);
     dateien.ausfallenBei(0);
