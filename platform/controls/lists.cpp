@@ -61,6 +61,8 @@ void ListControl::movedTo(int row) {
 
 ListControl::Items FileList::listing(Files& files) const { return files.listFiles(path(), look().pattern); }
 
-ListControl::Items FolderList::listing(Files& files) const { return files.listFolders(path()).value_or(Items()); }
+ListControl::Items FolderList::listing(Files& files) const {
+    return files.listFolders(path()).value_or(Items());
+}
 
 } // namespace klopfmeise
