@@ -1,14 +1,16 @@
 """What is heard: the real window and a sound server of its own, recorded."""
 
 import contextlib
+import os
 import signal
+import subprocess
 import sys
 import time
 
 sys.dont_write_bytecode = True
 from ablage import Ablage
 from klopfmeise import ENDE, INFO, INFO_OK, JA, KLASSE_1, KURS, NAME_2, START, STUFE_ZURÜCK, ZURÜCK, Klopfmeise
-from schirm import Schirm, ausführen, prüfe, warte
+from schirm import BUILD, PROGRAMM, Schirm, ausführen, prüfe, warte
 from ton import Tonserver
 
 KNOPF, FALSCH, GLOCKE = "knopf.wav", "falsch.wav", "typewriterding.wav"
@@ -111,10 +113,44 @@ def jeder_knopf():
         nur_ganze(server.gehört(0.5), [KNOPF] * (len(weg) + 1))
 
 
+def wellen_und_ihre_ruhe():
+    """Whoever waits as long as a sound promises has heard it to its end: with a stream that is yet to be opened, with
+    an open one, and with one stopped or closed meanwhile. Broken waves are silent, at once and without taking memory."""
+    with Schirm(800, 600) as schirm:
+        server = Tonserver(schirm)
+        klick, glocke, ordner = BUILD / "wav" / KNOPF, BUILD / "wav" / GLOCKE, schirm.ordner
+        (ordner / "riesig.wav").write_bytes(klick.read_bytes()[:40] + b"\xf0\xff\xff\xff")
+        os.truncate(ordner / "riesig.wav", 3 << 30)
+        (ordner / "kopf.wav").write_bytes(klick.read_bytes()[:44])
+        (ordner / "ordner.wav").mkdir()
+        os.mkfifo(ordner / "rohr.wav")
+        schlechte = [ordner / f"{name}.wav" for name in ("riesig", "kopf", "ordner", "rohr", "fehlt")]
+        gute = [klick, klick, glocke, klick, klick, glocke]
+        server.ab_jetzt()
+        lauf = schirm.starten(map(str, (PROGRAMM.with_name("klang_probe"), *schlechte, klick, 300, klick, glocke, 1600,
+                                        klick, 3000, klick, 200, glocke)), stdout=subprocess.PIPE, text=True)
+        for ströme in ((1, 0), (0, 1), (0, 0), (1, 0)):
+            warte(lambda: server.ströme() == ströme, f"{ströme} Ströme sind offen und gestoppt", takt=0.03)
+        zeilen = [list(map(float, zeile.split())) for zeile in lauf.communicate()[0].splitlines()]
+        klänge = server.gehört()
+        nur_ganze(klänge, [pfad.name for pfad in gute])
+        prüfe(len(zeilen) == len(schlechte + gute), f"klang_probe sagt nur {zeilen}")
+        stumm, gesagt = zeilen[:len(schlechte)], zeilen[len(schlechte):]
+        prüfe(not any(länge for länge, _, _ in stumm), f"kaputte Wellen versprechen {stumm}")
+        prüfe(zeilen[-1][2] < 100, f"sie nehmen {zeilen[-1][2]} MiB")
+        # Where the stream is open already the promise is a short one.
+        for klang, (länge, ende, _), dazu in zip(klänge, gesagt, (400, 150, 150, 400, 400, 150)):
+            prüfe(klang.ende < ende, f"{klang} klingt noch {1000 * (klang.ende - ende):.0f} ms nach dem Warten")
+            prüfe(länge < klang.dauer + dazu, f"auf {klang} wird {länge} ms gewartet")
+
+
 def server_antwortet_nicht_oder_verschwindet():
     """The window keeps up all the while, and the keys are heard again, at the latest from the sixth on."""
     zeile = "das kind tippt hier ohne hast was es auf der seite sieht"[:55]
     with in_der_stufe(zeile=zeile) as (schirm, server, k):
+        # Where there is none the end of the program is no matter of luck.
+        subprocess.run([PROGRAMM.parent / "klang_probe", "--ende", BUILD / "wav" / KNOPF], check=True, timeout=30,
+                       env=schirm.umgebung | {"PULSE_SERVER": f"unix:{schirm.ordner}/keiner"})
         stelle = 0
 
         def im_takt(anzahl, pause):
@@ -164,4 +200,5 @@ def server_antwortet_nicht_oder_verschwindet():
 
 
 if __name__ == "__main__":
-    ausführen(sechzig_tasten_und_falsche, gerät_eilt_voraus_und_ruht, jeder_knopf, server_antwortet_nicht_oder_verschwindet)
+    ausführen(sechzig_tasten_und_falsche, gerät_eilt_voraus_und_ruht, jeder_knopf, wellen_und_ihre_ruhe,
+              server_antwortet_nicht_oder_verschwindet)

@@ -110,7 +110,7 @@ class Klang:
         self.datei, self.von, self.bis = datei, von, von + länge
         self.dauer = 1000 * länge / RATE  # ms
         self.ganz = 1000 * (ganze_länge - länge) / RATE <= 10
-        self.beginn = aufnahme.zeit(von)
+        self.beginn, self.ende = aufnahme.zeit(von), aufnahme.zeit(self.bis - 1)
 
     def __repr__(self):
         return f"{self.datei} {self.dauer:.0f} ms{'' if self.ganz else ' (abgeschnitten)'}"

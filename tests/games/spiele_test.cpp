@@ -92,7 +92,7 @@ TEST(Spiele, OnlyAHigherScoreIsStoredHeardAndSeen) {
             std::vector<Color> farben;
             Wert gespeichert;
             std::wstring zuletzt;
-            b.imWarten = [&](int dauer) {
+            b.imWarten = [&, satz = satz](int dauer) {
                 zuletzt = b.punkte();
                 if (b.sound.played.back() != L"typewriterding.wav" || dauer != 100)
                     return;

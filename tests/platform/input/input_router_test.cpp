@@ -33,6 +33,7 @@ public:
     Label label{*this, L"label", {0, 0, 1000, 1000}, heard("label")};
     Frame frame{*this, L"frame", {0, 2000, 3000, 3000}, {.mouseMove = diary.noting("frameMove")}};
     Label inside{frame, L"inside", {0, 0, 1000, 1000}, heard("inside")};
+    PictureBox box{*this, L"box", {0, 6000, 3000, 3000}, {.mouseDown = noting("box")}};
     Button button{*this, L"button", {}, {.click = diary.noting("button")}};
 };
 
@@ -99,6 +100,7 @@ TEST_F(InputRouterTest, APressAndReleaseOnOneControlIsAClick) {
     EXPECT_EQ(mouse(page(), 500, page(), 1000), "labelLeft") << "released beside it";
     EXPECT_EQ(mouse(page(), 500, frame, 500), "labelLeft") << "released on another one";
     EXPECT_EQ(mouse(frame, 500, frame, 500), "insideLeft insideClick");
+    EXPECT_EQ(mouse(page().box, 500, page().box, 500, middle, middle), "boxOther");
     EXPECT_EQ(mouse(page(), 500, page(), 500, right, right), "labelOther");
     EXPECT_EQ(mouse(page(), 500, page(), 500, left, right), "labelLeft");
     router.mouseDown(page(), 500, 500, left);
