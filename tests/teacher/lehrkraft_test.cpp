@@ -55,7 +55,8 @@ protected:
     }
     std::string schalter(const char* klasse) {
         std::string text;
-        for (const bool an : *schalterLesen(b.echteDateien, b.global, fromUtf8(klasse) + L"\\"))
+        const auto gelesen = schalterLesen(b.echteDateien, b.global, fromUtf8(klasse) + L"\\");
+        for (const bool an : gelesen.value())
             text += an ? '1' : '0';
         return text;
     }
