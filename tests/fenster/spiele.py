@@ -55,11 +55,13 @@ def wolken(breite, höhe):
         schirm.tippe("fj ", 8)
         spiel.beginnen()
         beginn = time.monotonic()
-        strahl = schirm.abdruck(0, 60, 800, 400)
-        schirm.tippe(" ", 8)
-        prüfe(schirm.abdruck(0, 60, 800, 400) != strahl, "der Schuss ist nicht zu sehen")
-        while time.monotonic() - beginn < 52:
-            schirm.tippe("fff jjj ", 8)
+        # Between the clouds and Pushy only the beam ever shows.
+        ohne_strahl = schirm.abdruck(110, 310, 570, 145)
+        tipper = schirm.tippe_nebenher(" ", 8)
+        warte(lambda: schirm.abdruck(110, 310, 570, 145) != ohne_strahl, "der Schuss", takt=0.005)
+        tipper.wait()
+        while time.monotonic() - beginn < 48:
+            schirm.tippe("f " * 10 + "j " * 10, 12)
         spiel.foto("letzte_sekunden")
         warte(spiel.bereit, "das Spiel ist zu Ende")
         dauer = time.monotonic() - beginn

@@ -261,6 +261,7 @@ TEST_F(Lehrkraft, SwitchesAreSavedWhenTheScreenIsLeft) {
     EXPECT_EQ(spiel.value(), 0);
     b.user.click(spiel);
     b.user.click(bild);
+    b.backend.duringWait = nullptr;
     EXPECT_EQ(gesehen, (std::vector<std::pair<int, bool>>{{50, true}, {50, true}, {50, true}}));
     EXPECT_FALSE(bild.border());
     EXPECT_EQ(spiel.value(), 0);
