@@ -61,7 +61,7 @@ void Form::setTopMost(bool on) {
 
 void Form::repaint() {
     if (view_)
-        view_->paintNow(*this, {0, 0, width(), height()});
+        view_->paintNow(*this, {});
 }
 
 Files& Form::files() { return runtime_.services().files; }
