@@ -38,7 +38,8 @@ void Fließband::Startaufstellung() {
 }
 
 void Fließband::zeigen() {
-    steineZeigen();
+    for (int i = 1; i <= Bandspiel::Steinzahl; ++i)
+        steinZeigen(i);
     // Until they turn for the first time the wheels stand as they are.
     if (spiel_.Radbild > 0)
         for (Picture* rad : {&imgRad_1, &imgRad_2})
@@ -54,22 +55,25 @@ void Fließband::zeigen() {
                     spiel_.Punkte);
 }
 
-void Fließband::steineZeigen() {
-    for (int i = 1; i <= Bandspiel::Steinzahl; ++i) {
-        const Bandspiel::Stein& stein = spiel_.imgStein(i);
-        auto& [imgStein, lblStein] = steine_.at(static_cast<std::size_t>(i) - 1);
-        imgStein.setLeft(stein.left);
-        imgStein.setPicture(stein.getippt ? getippterStein : offenerStein);
-        lblStein.setCaption(std::wstring(1, stein.zeichen));
-        lblStein.setVisible(!stein.getippt);
-        imgStein.setVisible(stein.sichtbar);
-    }
+void Fließband::steinZeigen(int i) {
+    const Bandspiel::Stein& stein = spiel_.imgStein(i);
+    auto& [imgStein, lblStein] = steine_.at(static_cast<std::size_t>(i) - 1);
+    imgStein.setLeft(stein.left);
+    imgStein.setPicture(stein.getippt ? getippterStein : offenerStein);
+    lblStein.setCaption(std::wstring(1, stein.zeichen));
+    lblStein.setVisible(!stein.getippt);
+    imgStein.setVisible(stein.sichtbar);
 }
 
+void Fließband::steinMalen(int i) {
+    steinZeigen(i);
+    steine_.at(static_cast<std::size_t>(i) - 1).imgStein.repaint();
+}
+
+// Stone by stone: the first one is seen before the others are painted.
 void Fließband::steineMalen() {
-    steineZeigen();
-    for (Steinbild& stein : steine_)
-        stein.imgStein.repaint();
+    for (int i = 1; i <= Bandspiel::Steinzahl; ++i)
+        steinMalen(i);
 }
 
 void Fließband::cmdNeuesSpiel_Click() {
@@ -105,8 +109,9 @@ void Fließband::Form_KeyPress(KeyPress& taste) {
         return;
     }
     runtime().wait(umgebung_.klang(L"knopf.wav"));
+    const int getippt = spiel_.Position;
     const bool fertig = spiel_.tippen();
-    steineMalen();
+    steinMalen(getippt);
     if (fertig)
         gruppeFertig();
     zeigen();
@@ -115,9 +120,10 @@ void Fließband::Form_KeyPress(KeyPress& taste) {
 void Fließband::danebentippen() {
     umgebung_.klang(L"Fließbandfalsch.wav");
     spiel_.danebentippen();
-    zeigen();
+    lblPunkte.setCaption(std::to_wstring(spiel_.Punkte));
     lblPunkte.repaint();
     steineMalen();
+    zeigen();
 }
 
 void Fließband::gruppeFertig() {

@@ -31,7 +31,8 @@ private:
     void gruppeFertig();
     /// Carries what stands in the game over to the controls.
     void zeigen();
-    void steineZeigen();
+    void steinZeigen(int i);
+    void steinMalen(int i);
     /// Lets the stones be seen where they are, inside a handler.
     void steineMalen();
 
