@@ -113,11 +113,14 @@ private:
                                                                                cmdText1Ok_Click();
                                                                            }}};
 
-    /// Shown in place of the parameters of an account that could not be read.
+    static constexpr const wchar_t* kontoUnlesbar = L"Das Konto kann gerade nicht gelesen werden.";
+    static constexpr const wchar_t* klasseUnlesbar =
+        L"Der Ordner der Klasse kann gerade nicht gelesen werden.";
+    /// Shown in place of the parameters: what could not be read.
     Label lblUnlesbar{*this,
                       L"lblUnlesbar",
                       {2415, 105, 7785, 300},
-                      {.caption = L"Das Konto kann gerade nicht gelesen werden.",
+                      {.caption = kontoUnlesbar,
                        .back = colors::wrong,
                        .align = Align::center,
                        .wrap = false,
