@@ -68,7 +68,7 @@ private:
                 .change = [this] { sld_Change(); }};
     }
     CheckLook option(const wchar_t* caption) {
-        return {.caption = caption, .font = {courier, 8.25}, .click = [this] { EinstellungenSpeichern(); }};
+        return {.caption = caption, .font = {courier, 7.5}, .click = [this] { EinstellungenSpeichern(); }};
     }
 
     Umgebung umgebung_;

@@ -107,7 +107,10 @@ private:
     Label LblLänge{
         frmText, L"LblLänge", {5565, 105, 2745, 225}, {.font = klein, .align = Align::right, .wrap = false}};
     Label lblHinweis{frmText, L"lblHinweis", {315, 4320, 7995, 225}, {.font = klein, .wrap = false}};
-    Label lblUnlesbar{*this, L"lblUnlesbar", {2940, 525, 7995, 240}, {.visible = false}};
+    Label lblUnlesbar{*this,
+                      L"lblUnlesbar",
+                      {2625, 210, 8625, 300},
+                      {.back = colors::wrong, .align = Align::center, .wrap = false, .visible = false}};
     Label LblEinstellung{*this, L"LblEinstellung", {2625, 4620, 2745, 330}, {.visible = false}};
 
     Timer Timer1{*this, L"Timer1", {.interval = 100, .tick = [this] { anzeigen(); }}};
