@@ -10,7 +10,7 @@ import time
 sys.dont_write_bytecode = True
 from ablage import Ablage, ganz
 from klopfmeise import ENDE, GRAU, KLASSE_1, LEHRKRAFT, NAME_2, Klopfmeise, gleich
-from schirm import BUILD, PROGRAMM, Schirm, ausführen, prüfe, warte
+from schirm import BUILD, Schirm, ausführen, prüfe, warte
 
 
 TEXT_TIPPEN, WOLKEN = (316, 289), (393, 289)
@@ -147,8 +147,7 @@ class Nutzerschirm(Schirm):
             self.ordner.chmod(0o755)
             self.abgeben(*(self.ordner / name for name in ("Daten", "heim", "lauf")))
             weiteres = {"user": self.nummer, "group": self.nummer, "extra_groups": []}
-        with open(self.ordner / "ausgabe.txt", "ab") as ausgabe:
-            return self.starten([str(PROGRAMM)], stdout=ausgabe, stderr=ausgabe, **weiteres)
+        return super().start(**weiteres)
 
 
 JA, NEIN = ("Tab", "Return"), ("shift+Tab", "Return")
@@ -265,18 +264,21 @@ def texte(l, ordner, klasse):
     l.menü("Hauptmenü")
     l.auf_taste(5910, 1600)
 
-    def wählen(zeile, bild):
+    def wählen(zeile, text=""):
         l.klick(1000, 310 + 210 * zeile)
-        if bild:
-            l.foto(bild)
-    wählen(0, "62_zeichen_ohne_taste")
-    wählen(2, "63_text_unlesbar")
-    wählen(4, "64_text_zu_lang")
+        warte(lambda: text.encode() in (klasse / "KME.ein").read_bytes(), f"{text} ist der Text der Klasse")
+    wählen(0, "Ellipse.txt")
+    l.foto("62_zeichen_ohne_taste")
+    wählen(2)
+    l.foto("63_text_unlesbar")
+    wählen(4, "Zu lang.txt")
+    l.foto("64_text_zu_lang")
     (klasse / "KME.ein").chmod(0o444)
-    wählen(1, "65_nicht_gewaehlt")
+    wählen(1)
+    l.foto("65_nicht_gewaehlt")
     (klasse / "KME.ein").chmod(0o644)
     # What is pasted does not fit: the text once more behind itself.
-    wählen(3, None)
+    wählen(3, "Viel.txt")
     l.klick(6000, 2000)
     for taste in ("ctrl+a", "ctrl+c", "ctrl+End", "ctrl+v"):
         l.taste(taste)
@@ -286,13 +288,13 @@ def texte(l, ordner, klasse):
         (ordner / f"{name}.txt").unlink()
     l.menü("Hauptmenü")
     l.auf_taste(5910, 1600)
-    wählen(1, None)
+    wählen(1, "Text_001.txt")
     ordner.chmod(0o555)
     einziger.chmod(0o444)
     l.klick(6000, 2000)
     schirm.tippe(" Neu.", 20)
     l.foto("67_text_ungespeichert")
-    wählen(0, None)
+    wählen(0)
     l.meldung("Hinweis", "68_text_bleibt_offen")
     l.klick(1800, 4200)
     l.meldung("Hinweis", "69_text_nicht_geloescht")
@@ -370,7 +372,7 @@ def meldungen(breite, höhe):
         l.klick(1845, 3800)
         l.foto("83_code_zu_kurz")
         l.klick(1845, 2800)
-        schirm.tippe("4", 10)
+        l.neu_tippen("1234")
         l.klick(1845, 3800)
         l.meldung("Hinweis", "84_code_ohne_rechte")
         l.k.endet()

@@ -231,9 +231,9 @@ class Schirm(contextlib.ExitStack):
 
     # The program.
 
-    def start(self):
+    def start(self, **weiteres):
         with open(self.ordner / "ausgabe.txt", "ab") as ausgabe:
-            return self.starten([str(PROGRAMM)], stdout=ausgabe, stderr=ausgabe)
+            return self.starten([str(PROGRAMM)], stdout=ausgabe, stderr=ausgabe, **weiteres)
 
     def ausgabe(self):
         return (self.ordner / "ausgabe.txt").read_text(errors="replace")
