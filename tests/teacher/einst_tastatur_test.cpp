@@ -86,6 +86,7 @@ TEST_F(Kurskonten, ThirtyNamesAreTypedOneAfterTheOtherAndOneThatIsThereChangesNo
         EXPECT_EQ(b.control<TextBox>(L"Text1").text(), L"Kind 7");
     }
     EXPECT_EQ(liste().itemCount(), 31);
+    EXPECT_TRUE(fs::exists(datei("Kind 21")));
     b.user.type(L"Kind 7");
     b.user.click(L"cmdText1Ok");
     EXPECT_EQ(b.control<TextBox>(L"Text1").text(), L"Kind 7");

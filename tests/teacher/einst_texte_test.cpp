@@ -168,9 +168,7 @@ TEST_F(EigeneTexte, NoNameAndNoLinkLeadsOutOfTheFolder) {
     fs::create_directory(text("Ordner.txt"));
     kommen();
     const auto vorher = ordner();
-    for (const wchar_t* name :
-         {L" ",  L".",     L"..",  L".x",  L"x.",  L"x ",   L"..\\x", L"../x", L"C:x", L"x*",
-          L"x?", L"\"x\"", L"<x>", L"x|y", L"con", L"LPT1", L"Ж",     L"Link", L"Tot", L"Ordner"}) {
+    for (const wchar_t* name : {L" ", L"..\\x", L"C:x", L"con", L"Ж", L"Link", L"Tot", L"Ordner"}) {
         neu(name);
         EXPECT_TRUE(ordner() == vorher) << toUtf8(name);
         EXPECT_EQ(box().text() + gewählt(), L"HalloText_001.txt");
@@ -246,7 +244,7 @@ TEST_F(EigeneTexte, WhatCannotBeReadWholeOrChosenIsToldAndNeverWritten) {
 }
 
 TEST_F(EigeneTexte, WhatCouldNotBeSavedStaysInTheBoxUntilItIs) {
-    dateiSchreiben(text("Zwei.txt"), "zwei");
+    dateiSchreiben(text("Eins.txt"), "eins");
     kommen();
     b.user.click(box());
     dateien.voll = true;
@@ -258,7 +256,7 @@ TEST_F(EigeneTexte, WhatCouldNotBeSavedStaysInTheBoxUntilItIs) {
         L"verloren geht.";
     for (const bool liste2 : {true, false}) {
         if (liste2)
-            b.user.pressRow(liste(), 1);
+            b.user.pressRow(liste(), 0);
         else
             neu(L"Drei");
         erwarteMeldung(b, MessageIcon::stop, L"Hinweis", bleibt);
@@ -269,7 +267,7 @@ TEST_F(EigeneTexte, WhatCouldNotBeSavedStaysInTheBoxUntilItIs) {
     erwarteMeldung(b, MessageIcon::stop, L"Hinweis",
                    L"Der Text 'Text_001.txt' konnte nicht gelöscht werden.");
     // The choice of the same text is no reason to load the old one.
-    b.user.pressRow(liste(), 0);
+    b.user.pressRow(liste(), 1);
     EXPECT_EQ(box().text(), L"Hallo!");
     dateien.voll = false;
     b.user.pass(2000);
@@ -284,7 +282,7 @@ TEST_F(EigeneTexte, WhatCouldNotBeSavedStaysInTheBoxUntilItIs) {
     EXPECT_EQ(b.backend.messages.size(), 2u);
     EXPECT_EQ(b.aktiv(), L"einstKlassen");
     EXPECT_EQ(zeichen("Text_001.txt"), L"Hallo!");
-    EXPECT_EQ(zeichen("Zwei.txt"), L"zwei");
+    EXPECT_EQ(zeichen("Eins.txt"), L"eins");
 }
 
 TEST_F(EigeneTexte, WhateverOperationFailsNoTextIsLost) {

@@ -87,6 +87,7 @@ TEST(ZweiRechner, ATextThatTwoWriteIsAlwaysThatOfOneOfThemAndWhole) {
         eine.user.type(L"7294\r");
         eine.user.click(L"LblGruppe", 0);
         dateien.dazwischen(n, [&] {
+            EXPECT_TRUE(erlaubt.contains(text()));
             andere.user.click(L"Text1");
             andere.user.type(L"x");
             erlaubt.insert({L"Hallox", andere.control<RichTextBox>(L"Text1").text()});
