@@ -77,8 +77,9 @@ nackte_probe() {
 
     leer=$(im du -skx / | cut -f1)
     installieren_im "$paket"
+    im apt-get clean
     grep '^Klopfmeise:' "$probe/apt.log"
-    gut "installiert, mit $(im dpkg-query -W | wc -l) Paketen statt vorher; $(($(im du -skx / | cut -f1) - leer)) KiB mehr auf der Platte"
+    gut "installiert, nun $(im dpkg-query -W | wc -l) Pakete; $(($(im du -skx / | cut -f1) - leer)) KiB mehr auf der Platte"
     echo "   davon das Paket selbst: $(im sh -c 'dpkg -L klopfmeise | while read -r f; do [ -d "$f" ] || printf "%s\0" "$f"; done |
         du -skc --files0-from=- | tail -n 1 | cut -f1') KiB, die Datenablage $(im du -sk /var/lib/klopfmeise | cut -f1) KiB"
     gleich "die Werte des Rechners" "$(im sha256sum </dev/null /etc/klopfmeise/maschine.reg | cut -d' ' -f1)" \
