@@ -12,6 +12,7 @@ import pathlib
 import re
 import subprocess
 import sys
+import textwrap
 
 sys.dont_write_bytecode = True
 HIER = pathlib.Path(__file__).parent
@@ -23,6 +24,7 @@ SELTEN = set("jqxyöß")  # come again five times in five lessons, like the sign
 LINKS, RECHTS = set("qwertasdfgyxcvb"), set("zuiophjklnmüöäß,.-")
 VORSILBEN = ("ge", "be", "ver", "er", "ent", "zer", "un")
 NACHSILBEN = ("ung", "heit", "keit", "lich", "ig", "isch", "schaft")
+HINWEISBREITE = 51  # characters to a line of the start page
 KOPF = {"Titel", "Art", "Tasten"}
 
 
@@ -126,8 +128,8 @@ class Prüfung:
             hier = f"{wo}, Stufe {s}"
             if len(stufe.titel) > 50 or len(lektion.titel) > 50:
                 self.rüge(hier, f"Titel mit {len(stufe.titel)} Zeichen (höchstens 50)")
-            if len(stufe.hinweis) > 100:
-                self.rüge(hier, f"Hinweis mit {len(stufe.hinweis)} Zeichen (höchstens 100)")
+            if len(stufe.hinweis) > 100 or len(textwrap.wrap(stufe.hinweis, HINWEISBREITE, break_on_hyphens=False)) > 2:
+                self.rüge(hier, f"Hinweis passt nicht in zwei Zeilen ({len(stufe.hinweis)} Zeichen): {stufe.hinweis}")
             unten, oben = (120, 590) if lektion.fließt else (40, 55)
             if not unten <= len(stufe.text) <= oben:
                 self.rüge(hier, f"{len(stufe.text)} Zeichen ({unten} bis {oben}): {stufe.text[-30:]}")
