@@ -54,6 +54,25 @@ TEST(Kurs, LehrtJedesZeichenDesTastenplans) {
             EXPECT_TRUE(gelehrt.contains(z)) << toUtf8({&z, 1});
 }
 
+TEST(Kurs, HeftZeigtJedeStufeUndJedesBild) {
+    if constexpr (!KLOPFMEISE_MIT_BILDERN)
+        GTEST_SKIP() << "ohne Bilder gebaut";
+    const std::string heft = dateiinhalt(fs::path(KLOPFMEISE_DATEN).parent_path() / "Kursheft.html");
+    const auto steht = [&](const std::wstring& text) {
+        std::string html = toUtf8(text);
+        for (const auto& [zeichen, name] : {std::pair{"&", "&amp;"}, {"<", "&lt;"}, {">", "&gt;"}})
+            html = std::regex_replace(html, std::regex(zeichen), name);
+        return heft.find('>' + html + '<') != std::string::npos;
+    };
+    for (const Kurslektion& lektion : leseKurs(KLOPFMEISE_KURS))
+        for (const Kursstufe& stufe : lektion.stufen)
+            EXPECT_TRUE(steht(stufe.titel) && steht(stufe.text) && steht(stufe.hinweis))
+                << toUtf8(stufe.titel);
+    for (int n = 1; n <= 30; ++n)
+        EXPECT_NE(heft.find("Tastatur der Lektion " + std::to_string(n) + "\" src=\"data:image/png;base64,"),
+                  std::string::npos);
+}
+
 TEST(Kurs, FreieTexteSindTippbar) {
     for (const auto& datei : fs::directory_iterator(fs::path(KLOPFMEISE_KURS) / "texte")) {
         SCOPED_TRACE(datei.path().filename());
