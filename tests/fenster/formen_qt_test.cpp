@@ -8,6 +8,7 @@
 #include <QAccessible>
 #include <QFontDatabase>
 #include <QFontInfo>
+#include <QPaintEvent>
 
 namespace klopfmeise {
 namespace {
@@ -134,6 +135,31 @@ TEST_F(FormenQt, theTypingPageTellsWhatToTypeNext) {
         strike(widget, key, text);
     }
     EXPECT_EQ(told + page->text(QAccessible::Name).toStdString(), "f j Leertaste ü");
+}
+
+TEST_F(FormenQt, aRepaintInAHandlerPaintsWhatChangedAndNotThePage) {
+    struct Painted final : QObject {
+        bool eventFilter(QObject*, QEvent* event) override {
+            if (event->type() == QEvent::Paint)
+                for (const QRect& part : static_cast<const QPaintEvent&>(*event).region())
+                    pixels += part.width() * part.height();
+            return false;
+        }
+        int pixels = 0;
+    } painted;
+    Form& page = zeigen(L"Konto");
+    std::vector<Control*> controls;
+    alle(page, controls);
+    const auto label = std::ranges::find_if(
+        controls, [](Control* each) { return each->kind() == Kind::label && each->visible(); });
+    ASSERT_NE(label, controls.end());
+    static_cast<Label&>(**label).setCaption(L"x");
+    const QSize whole = viewOf(page).widget().size();
+    qApp->installEventFilter(&painted);
+    page.repaint();
+    qApp->removeEventFilter(&painted);
+    EXPECT_GT(painted.pixels, 0);
+    EXPECT_LT(painted.pixels, whole.width() * whole.height() / 4);
 }
 
 TEST(LessonPicture, KeepsItsOwnSizeOrIsAveragedWhenStretched) {
