@@ -146,12 +146,14 @@ nackte_probe() {
     gut "Werte, die vor dem Paket da waren, bleiben"
 }
 
-# bauen ORT ZIEL UMGEBUNG...: the package of the last commit, built in that folder without any cache.
+# bauen STAND ORT ZIEL UMGEBUNG...: the package of a commit, built in that folder without any cache.
 bauen() {
-    ort=$1
-    ziel=$2
-    shift 2
-    git clone -q . "$ort"
+    stand=$1
+    ort=$2
+    ziel=$3
+    shift 3
+    git clone -q -n . "$ort"
+    git -C "$ort" checkout -q "$stand"
     (cd "$ort" && env "$@" sh -c 'CCACHE_DISABLE=1 cmake --preset release -G Ninja && cmake --build --preset release && cpack --preset release') \
         >"$probe/bauen.log" 2>&1 || { tail -n 30 "$probe/bauen.log"; schlecht "Bauen in $ort"; }
     cp "$ort"/build/release/klopfmeise_*.deb "$ziel"
@@ -161,11 +163,12 @@ doppelte_probe() {
     # shellcheck disable=SC2086
     installieren git $pakete_bauen $pakete_paket
     git diff --quiet HEAD || echo "   gebaut wird der letzte Stand, nicht was seither geändert ist"
+    stand=$(git rev-parse HEAD)
     umask 022
-    bauen "$probe/a" "$probe/a.deb" TZ=Europe/Berlin LANG=C.UTF-8
+    bauen "$stand" "$probe/a" "$probe/a.deb" TZ=Europe/Berlin LANG=C.UTF-8
     find "$probe/a" -exec touch -h -d '2020-02-02' {} +
     umask 027
-    bauen "$probe/ein/ganz/anderer Ort" "$probe/b.deb" TZ=Pacific/Auckland LC_ALL=C HOME=/nonexistent
+    bauen "$stand" "$probe/ein/ganz/anderer Ort" "$probe/b.deb" TZ=Pacific/Auckland LC_ALL=C HOME=/nonexistent
     umask 022
     for seite in a b; do
         mkdir "$probe/$seite-inhalt"

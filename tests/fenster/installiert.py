@@ -35,7 +35,7 @@ def läuft_und_klingt():
         prüfe([eintrag.name for eintrag in (vorlage / "Gruppen").iterdir()] == ["kme.ein"], "die Vorlage hat eine Klasse")
         for datei in ("applications/klopfmeise.desktop", "metainfo/klopfmeise.metainfo.xml", "man/man1/klopfmeise.1.gz",
                       "icons/hicolor/16x16/apps/klopfmeise.png", "icons/hicolor/scalable/apps/klopfmeise.svg",
-                      "doc/klopfmeise/examples/maschine.reg"):
+                      "doc/klopfmeise/examples/maschine.reg", "doc/klopfmeise/Kursheft.html"):
             prüfe((anteil / datei).is_file(), f"{datei} fehlt")
         # The same program, but with the machine-wide values of the test.
         shutil.copy(PROGRAMM, ordner / "klopfmeise")
