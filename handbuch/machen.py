@@ -62,11 +62,12 @@ def lektionen():
 
 
 def plan():
-    zeilen = "".join(
-        f"<tr><td>{nummer}</td><td>{html.escape(titel)}</td><td>{html.escape(tasten) or '–'}</td><td>{html.escape(art)}</td></tr>\n"
-        for nummer, (titel, tasten, art) in enumerate(lektionen(), 1))
-    return ("<table>\n<caption>Die Lektionen des Kurses</caption>\n<thead><tr><th scope=\"col\">Lektion</th><th scope=\"col\">Titel</th>"
-            f"<th scope=\"col\">Neue Tasten</th><th scope=\"col\">Art</th></tr></thead>\n<tbody>\n{zeilen}</tbody>\n</table>")
+    def zeile(*felder):
+        return "<tr>" + "".join(f"<td>{html.escape(feld) or '–'}</td>" for feld in felder) + "</tr>\n"
+    kopf = "".join(f'<th scope="col">{wort}</th>' for wort in ("Lektion", "Titel", "Neue Tasten", "Art"))
+    zeilen = "".join(zeile(str(nummer), *lektion) for nummer, lektion in enumerate(lektionen(), 1))
+    return (f"<table>\n<caption>Die Lektionen des Kurses</caption>\n<thead><tr>{kopf}</tr></thead>\n"
+            f"<tbody>\n{zeilen}</tbody>\n</table>")
 
 
 class Buch:
@@ -115,13 +116,15 @@ class Buch:
                           r'<a href="Kursheft.html">\1</a>' if self.kursheft else r"\1", text, flags=re.S)
             teile.append(re.sub(r'<h([2-4])(?: id="([^"]+)")?>(.*?)</h\1>', self.überschrift, text, flags=re.S))
         titel, rest = teile[0], teile[1:]
-        verzeichnis = "".join(
-            f'<li><a href="#{name}">{worte}</a>' +
-            ("<ol>" + "".join(f'<li><a href="#{n}">{w}</a></li>' for w, n in unter) + "</ol>" if unter else "") + "</li>\n"
-            for worte, name, unter in self.inhalt)
+
+        def verweis(worte, name, unter=()):
+            darunter = "<ol>" + "".join(verweis(*u) for u in unter) + "</ol>" if unter else ""
+            return f'<li><a href="#{name}">{worte}</a>{darunter}</li>\n'
+        verzeichnis = "".join(verweis(*eintrag) for eintrag in self.inhalt)
         kapiteltext = "".join(f"<section>\n{teil.strip()}\n</section>\n" for teil in rest)
-        return (f'{KOPF}<header>\n{titel.strip()}\n</header>\n<nav aria-labelledby="inhalt">\n<p id="inhalt">Inhalt</p>\n'
-                f'<ol>\n{verzeichnis}</ol>\n</nav>\n<main id="inhaltstext">\n{kapiteltext}</main>\n</body>\n</html>\n')
+        return (f'{KOPF}<header>\n{titel.strip()}\n</header>\n'
+                f'<nav aria-labelledby="inhalt">\n<p id="inhalt">Inhalt</p>\n<ol>\n{verzeichnis}</ol>\n</nav>\n'
+                f'<main id="inhaltstext">\n{kapiteltext}</main>\n</body>\n</html>\n')
 
 
 def machen(ziel, bilder=None, kursheft=None):

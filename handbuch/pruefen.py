@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 """Checks the handbook against the program: pruefen.py
 
-Made into a folder of its own, the page must be sound (elements closed, headings in order, every picture described, every
-link inside leading somewhere). Each picture must be one that a test of the windows takes. And what the handbook says to
-be on the screen must stand in the sources to the letter: captions in <b>, messages in <q>, where an ellipsis stands for
-what the program puts in. Commands and options of klopfmeise-verwaltung likewise."""
+Made into a folder of its own, the page must be sound (elements closed, headings in order, every picture described,
+every link inside leading somewhere). Each picture must be one that a test of the windows takes. And what the handbook
+says to be on the screen must stand in the sources to the letter: captions in <b>, messages in <q>, where an ellipsis
+stands for what the program puts in. Commands and options of klopfmeise-verwaltung likewise."""
 
 import ast
 import html.parser
@@ -59,7 +59,8 @@ def nicht_aufgenommen(namen):
     tests = list(fotos())
 
     def aufgenommen(name):
-        return any(name in ganze or any(name[:i] in teile and name[i + 1:] in teile for i, c in enumerate(name) if c == "_")
+        halbe = [(name[:i], name[i + 1:]) for i, zeichen in enumerate(name) if zeichen == "_"]
+        return any(name in ganze or any(vorn in teile and hinten in teile for vorn, hinten in halbe)
                    for ganze, teile in tests)
     return [name for name in sorted(namen) if not aufgenommen(name)]
 
@@ -176,8 +177,9 @@ def main():
             seite.feed((ziel / "index.html").read_text("utf-8"))
             seite.close()
             fehler += seite.fehler + list(tote_verweise(seite, ziel))
-            if set(fehlende) != (set() if quellen[0] else namen) or len(set(seite.bilder)) != len(namen) - len(fehlende):
-                fehler.append(f"{ziel.name} Bilder: {len(fehlende)} fehlen, {len(set(seite.bilder))} stehen da, {len(namen)} sind genannt.")
+            stehen = len(set(seite.bilder))
+            if set(fehlende) != (set() if quellen[0] else namen) or stehen != len(namen) - len(fehlende):
+                fehler.append(f"Von {len(namen)} Bildern, {ziel.name} Aufnahmen: {len(fehlende)} fehlen, {stehen} stehen da.")
         fehler += [f"Kein Test der Fenster nimmt das Bild {name} auf." for name in nicht_aufgenommen(namen)]
         if not namen or not seite.knöpfe or not seite.meldungen or not seite.befehle:
             fehler.append("Das Handbuch nennt keine Bilder, Knöpfe, Meldungen oder Befehle: Die Prüfung sieht nichts.")
@@ -187,8 +189,8 @@ def main():
             fehler += falsche_befehle(seite)
         fehler = list(dict.fromkeys(fehler))
         print("".join(f"{was}\n" for was in fehler), end="", file=sys.stderr)
-        print(f"Handbuch: {len(namen)} Bilder, {len(seite.verweise)} Verweise, {len(set(seite.knöpfe))} Beschriftungen, "
-              f"{len(set(seite.meldungen))} Meldungen, {len(fehler)} Fehler.")
+        print(f"Handbuch: {len(namen)} Bilder, {len(seite.verweise)} Verweise, "
+              f"{len(set(seite.knöpfe))} Beschriftungen, {len(set(seite.meldungen))} Meldungen, {len(fehler)} Fehler.")
         return 1 if fehler else 0
 
 
