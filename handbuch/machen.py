@@ -4,7 +4,8 @@
 A chapter in kapitel/ is HTML with a few elements of its own:
   <bild name="05_menue" alt="...">caption</bild>   a screenshot; without its file the page says so in its place
   <knopf name="knopf_info">                        the drawing of a button, beside the words that tell what it shows
-  <plan/>                                          the table of lessons, from lektionen/
+  <plan/>, <stufe/>                                the table of lessons, and a stage as it lies in the data folder,
+                                                   both from lektionen/
   <kursheft>words</kursheft>                       a link to the booklet of the course, where the build has made one
 Numbers, contents list and headings' ids come from here."""
 
@@ -70,6 +71,13 @@ def plan():
             f"<tbody>\n{zeilen}</tbody>\n</table>")
 
 
+def stufe():
+    """The first stage of the course in the order of the data folder."""
+    block = dict(zeile.split(": ", 1) for zeile in (KURS / "Lektion01.txt").read_text("utf-8").splitlines()[4:7])
+    zeilen = "\n".join(["Unterstufe1", *(block[wort] for wort in ("Stufe", "Text", "Hinweis"))])
+    return f"<pre><code>{html.escape(zeilen, quote=False)}</code></pre>"
+
+
 class Buch:
     """The text of all chapters on its way to one page."""
 
@@ -108,7 +116,7 @@ class Buch:
     def seite(self):
         teile = []
         for name, text in kapitel():
-            text = BILD.sub(self.bild, text).replace("<plan/>", plan())
+            text = BILD.sub(self.bild, text).replace("<plan/>", plan()).replace("<stufe/>", stufe())
             text = KNOPF.sub(self.knopf, text)
             # A browser would break an option behind its hyphens.
             text = re.sub(r"<code>([^<\s]{1,28})</code>", r'<code class="kurz">\1</code>', text)

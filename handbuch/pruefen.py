@@ -96,7 +96,7 @@ class Leser(html.parser.HTMLParser):
             if int(art[1]) > self.stufe + 1:
                 self.rüge(f"Auf eine Überschrift der Stufe {self.stufe} folgt eine der Stufe {art[1]}.")
             self.stufe = int(art[1])
-        if art in ("bild", "knopf", "plan", "kursheft"):
+        if art in ("bild", "knopf", "plan", "stufe", "kursheft"):
             self.rüge(f"<{art}> ist nicht ersetzt worden.")
 
     def handle_startendtag(self, art, attribute):
