@@ -75,7 +75,7 @@ class Lehrkraft:
     def taste(self, name):
         self.schirm.taste(name)
 
-    def menü(self, wo, *danach):
+    def menüpunkt(self, wo, *danach):
         """An entry of the menu bar by its place, and keys in the menu that opens."""
         x, y = {800: {"Gruppen": (35, 28), "Hauptmenü": (99, 28), "Daten": (169, 28)},
                 1920: {"Gruppen": (44, 32), "Hauptmenü": (140, 32), "Daten": (244, 32)}}[self.schirm.breite][wo]
@@ -83,6 +83,10 @@ class Lehrkraft:
         time.sleep(0.3)
         for taste in danach:
             self.schirm.taste(taste)
+
+    def menü(self, wo, *danach):
+        """As `menüpunkt` where a child window opens."""
+        self.menüpunkt(wo, *danach)
         time.sleep(0.5)
         self.kindfenster()
 
@@ -164,6 +168,13 @@ def lehrkraft(breite, höhe):
         warte(lambda: "1234" in (schirm.ordner / "maschine.reg").read_text("cp1252") or
               "31,32,33,34" in (schirm.ordner / "maschine.reg").read_text("cp1252"), "der Code ist geschrieben")
         l.foto("38_code")
+        l.menüpunkt("Daten", "Down", "Down", "Return")
+        ablagefenster = warte(lambda: schirm.fenster("^Datenablage$"), "das Fenster der Datenablage")
+        schirm.warte_tastatur(ablagefenster, "die Datenablage")
+        l.foto("40_datenablage")
+        l.taste("alt+F4")
+        warte(lambda: not schirm.fenster("^Datenablage$"), "die Datenablage geht zu")
+        schirm.warte_tastatur(schirm.fenster("^Einstellungsmodus$"), "der Rahmen")
         l.taste("alt+F4")
         l.k.warte_auf("Klassenliste")
         # The child's side obeys: the class by its new name, Ben behind Anna, the game closed, the new text.
