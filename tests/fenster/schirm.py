@@ -229,14 +229,14 @@ class Schirm(contextlib.ExitStack):
 
     # The program.
 
-    def start(self):
+    def start(self, **weiteres):
         prüfe(PROGRAMM.parent.name == "fenster",
               f"{PROGRAMM} liegt nicht in einem Ordner 'fenster': es läse nicht die maschine.reg des Tests")
-        return self.start_mit([str(PROGRAMM)])
+        return self.start_mit([str(PROGRAMM)], **weiteres)
 
-    def start_mit(self, befehl):
+    def start_mit(self, befehl, **weiteres):
         with open(self.ordner / "ausgabe.txt", "ab") as ausgabe:
-            return self.starten(befehl, stdout=ausgabe, stderr=ausgabe)
+            return self.starten(befehl, stdout=ausgabe, stderr=ausgabe, **weiteres)
 
     def ausgabe(self):
         return (self.ordner / "ausgabe.txt").read_text(errors="replace")
