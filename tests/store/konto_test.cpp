@@ -60,7 +60,7 @@ TEST_F(Kind, ANewAccountHoldsTheCreationImageAndOneThatIsThereStaysAsItIs) {
     // What fails at the closing has been written.
     dateien.jederVorgang([&](int vorgang) {
         const bool da = anlegen(L"Neu") == Kontoanlage::angelegt || dateien.ausfall() == Vorgang::schließen;
-        EXPECT_EQ(kontenAuflisten(dateien, global).size(), da ? 5 : 4) << vorgang;
+        EXPECT_EQ(kontenAuflisten(b.echteDateien, global).size(), da ? 5 : 4) << vorgang;
         fs::remove(klasse / "Neu._");
     });
 }
