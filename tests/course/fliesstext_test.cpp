@@ -1,5 +1,3 @@
-#include "platform/controls/rich_text_box.h"
-#include "platform/values/text.h"
 #include "tests/course/tippbuehne.h"
 
 #include <map>
@@ -7,8 +5,6 @@
 
 namespace klopfmeise {
 namespace {
-
-using std::string_literals::operator""s;
 
 /// A screen of running text, opened on a text of the test: a stage of the course, or text typing.
 class Laufbühne : public Tippbühne {
@@ -247,7 +243,7 @@ TEST_F(Texttippen, ThreeTextsCountAndTheirAverageIsAStringFirstThenANumber) {
 }
 
 TEST_F(Texttippen, WithoutATextThereIsOneClosingCellAndNoKeyIsRight) {
-    std::filesystem::remove(b.daten() / "Data" / "Texte" / "Text_001.txt");
+    fs::remove(b.daten() / "Data" / "Texte" / "Text_001.txt");
     b.öffnen(L"Textübung0");
     b.user.type(L" \r\bx");
     EXPECT_EQ(b.satz(Kontosatz::TexteGesamt), Wert{std::int16_t{0}});

@@ -1,12 +1,9 @@
-#include "platform/controls/panels.h"
 #include "tests/course/tippbuehne.h"
 
 #include <cmath>
 
 namespace klopfmeise {
 namespace {
-
-using std::string_literals::operator""s;
 
 class Einzeiler : public Tippbühne {
 protected:

@@ -1,10 +1,8 @@
 #pragma once
 
-#include "platform/controls/drawn.h"
-#include "tests/buehne.h"
+#include "tests/probe.h"
 
 #include <functional>
-#include <gtest/gtest.h>
 
 namespace klopfmeise {
 

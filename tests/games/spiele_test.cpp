@@ -1,13 +1,9 @@
-#include "platform/controls/button.h"
-#include "platform/controls/drawn.h"
-#include "platform/controls/panels.h"
 #include "platform/forms/timer.h"
 #include "tests/ausfallende_dateien.h"
-#include "tests/buehne.h"
+#include "tests/probe.h"
 
 #include <algorithm>
 #include <functional>
-#include <gtest/gtest.h>
 
 namespace klopfmeise {
 namespace {
@@ -153,8 +149,8 @@ TEST(Spiele, AStageWithoutAPairOrAnAccountCannotBePlayedOn) {
         EXPECT_EQ(b.caption(L"LblLektion"), L"Lektion 1 (Stufe 1)");
         b.user.click(L"cmdNeuesSpiel");
         EXPECT_FALSE(b.start().visible());
-        std::filesystem::remove(b.konto());
-        std::filesystem::create_directory(b.konto());
+        fs::remove(b.konto());
+        fs::create_directory(b.konto());
         b.user.click(L"imgNeu");
         EXPECT_FALSE(b.start().enabled());
         EXPECT_EQ(b.captions({L"LblLektion", L"lblHigh"}), L"Lektion –|–");

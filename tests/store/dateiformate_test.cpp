@@ -1,13 +1,10 @@
 #include "store/lektionsdatei.h"
-#include "tests/buehne.h"
+#include "tests/probe.h"
 
-#include <gtest/gtest.h>
 #include <random>
 
 namespace klopfmeise {
 namespace {
-
-using std::string_literals::operator""s;
 
 TEST(Wert, EachTagReadsAndWritesItsBytesAndWhatIsUnknownOrCutOffReadsAsEmpty) {
     for (const auto& [bytes, wert] : {std::pair<std::string, Wert>{"\x02\x00\xFB\xFF"s, std::int16_t{-5}},
@@ -38,7 +35,7 @@ TEST(Wert, ComparesByWhatItSays) {
 TEST(Kontodateien, WriteOneSlotAndLeaveTheOthersByteForByte) {
     const Wegwerfordner ordner;
     PosixFiles dateien;
-    const std::filesystem::path konto = ordner.pfad() / "Mia._";
+    const fs::path konto = ordner.pfad() / "Mia._";
     const std::wstring pfad = logikpfad(konto);
     std::string vorher(1000, '\0');
     std::mt19937 zufall(3);

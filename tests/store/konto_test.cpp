@@ -4,17 +4,14 @@
 #include "store/kursplatz.h"
 #include "store/rekord.h"
 #include "tests/ausfallende_dateien.h"
-#include "tests/buehne.h"
+#include "tests/probe.h"
 
 #include <functional>
-#include <gtest/gtest.h>
 #include <limits>
 
 namespace klopfmeise {
 namespace {
 
-namespace fs = std::filesystem;
-using std::string_literals::operator""s;
 using Namen = std::vector<std::wstring>;
 
 constexpr double keineZahl = std::numeric_limits<double>::quiet_NaN();

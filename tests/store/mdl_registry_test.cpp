@@ -1,13 +1,9 @@
 #include "platform/machine/reg_file.h"
 #include "store/mdl_registry.h"
-#include "tests/buehne.h"
-
-#include <gtest/gtest.h>
+#include "tests/probe.h"
 
 namespace klopfmeise {
 namespace {
-
-using std::string_literals::operator""s;
 
 class Registrierung : public ::testing::Test {
 protected:
