@@ -1,10 +1,117 @@
-#include "platform/controls/visit.h"
+#include "platform/input/dead_keys.h"
+#include "platform/input/input_line.h"
 #include "tests/platform/diary.h"
-
-#include <gtest/gtest.h>
 
 namespace klopfmeise {
 namespace {
+
+using enum InputMark::Kind;
+
+class InputLineTest : public testing::Test {
+protected:
+    InputLineTest() {
+        line.busy = [this] { return busy; };
+        line.wake = [] {};
+    }
+    void enter(const std::string& event, const InputMark& mark) { line.enter(mark, diary.noting(event)); }
+    void key(const std::string& event, InputMark::Kind kind, std::uint32_t key, bool repeat = false,
+             std::uint64_t time = 0) {
+        enter(event, {.kind = kind, .key = key, .repeat = repeat, .time = time});
+    }
+    std::string served() {
+        for (int i = 0; i < 20; ++i)
+            line.serve();
+        return diary.take();
+    }
+    Diary diary;
+    InputLine line;
+    bool busy = false;
+};
+
+TEST_F(InputLineTest, EachInputIsServedToItsEndWithItsReactions) {
+    diary.on["a"] = [this] {
+        line.react(diary.noting("reaction"));
+        enter("c", {});
+        line.serve();
+    };
+    diary.on["reaction"] = [this] { line.react(diary.noting("consequence")); };
+    enter("a", {});
+    enter("b", {});
+    line.react(diary.noting("before"));
+    busy = true;
+    line.serve();
+    EXPECT_EQ(diary.take(), "") << "a handler runs";
+    busy = false;
+    line.serve();
+    EXPECT_EQ(diary.take(), "before a reaction consequence") << "one input a turn";
+    EXPECT_EQ(served(), "b c");
+}
+
+TEST_F(InputLineTest, OfAHeldKeyOneRepeatWaits) {
+    key("a", keyDown, 1);
+    for (int i = 0; i < 3; ++i) {
+        key("lost", keyUp, 1, true);
+        key("repeat", keyDown, 1, true);
+    }
+    key("b", keyDown, 2);
+    key("lost", keyDown, 1, true);
+    key("B", keyUp, 2);
+    key("A", keyUp, 1);
+    key("a", keyDown, 1);
+    key("repeat", keyDown, 1, true);
+    EXPECT_EQ(served(), "a repeat b B A a repeat");
+    // A release and a press of the same time are a repeat.
+    key("a", keyDown, 1, false, 10);
+    key("lost", keyUp, 1, false, 40);
+    key("repeat", keyDown, 1, false, 40);
+    key("lost", keyUp, 1, false, 60);
+    key("lost", keyDown, 1, false, 60);
+    key("A", keyUp, 1, false, 70);
+    key("b", keyDown, 2, false, 70);
+    key("B", keyUp, 2, false, 80);
+    key("b", keyDown, 2, false, 90);
+    EXPECT_EQ(served(), "a repeat A b B b");
+}
+
+TEST_F(InputLineTest, AReleaseWaitsAMomentForThePressThatMakesItARepeat) {
+    std::vector<std::function<void()>> later;
+    line.shortly = [&](std::function<void()> then) { later.push_back(std::move(then)); };
+    key("a", keyDown, 1, false, 10);
+    key("lost", keyUp, 1, false, 40);
+    EXPECT_EQ(served(), "a");
+    EXPECT_FALSE(line.ready());
+    key("repeat", keyDown, 1, false, 40);
+    EXPECT_EQ(served(), "repeat");
+    key("A", keyUp, 1, false, 70);
+    later.front()();
+    EXPECT_EQ(served(), "") << "the moment of an earlier release";
+    later.back()();
+    EXPECT_EQ(served(), "A");
+    key("b", keyDown, 2, false, 80);
+    key("B", keyUp, 2, false, 90);
+    key("c", keyDown, 3, false, 95);
+    EXPECT_EQ(served(), "b B c") << "behind a release comes something else";
+    EXPECT_TRUE(line.empty());
+}
+
+TEST(DeadKeysTest, AnAccentJoinsTheNextCharacterWhereTheTwoGoTogether) {
+    // Small letters and blanks are typed, accents are accent keys; the dash is a key without a character,
+    // such as shift.
+    for (const auto& [keys, text] : {std::pair(L"´e´", L"é"),
+                                     {L"^A~nx", L"Âñx"},
+                                     {L"^x", L"^x"},
+                                     {L"^ e", L"^e"},
+                                     {L"`^e", L"`ê"},
+                                     {L"^-e", L"ê"}}) {
+        DeadKeys deadKeys;
+        std::wstring typed;
+        for (const wchar_t key : std::wstring_view(keys))
+            typed += std::wstring_view(L"´`^~").find(key) != std::wstring_view::npos
+                         ? deadKeys.accent(key)
+                         : deadKeys.typed(key == L'-' ? std::wstring_view() : std::wstring_view(&key, 1));
+        EXPECT_EQ(typed, text);
+    }
+}
 
 class Page final : public NotingForm {
 public:
@@ -18,18 +125,16 @@ public:
                 .mouseDown = noting(event),
                 .mouseMove = diary.noting(event + "Move")};
     }
-    KeyHandlers digits() {
-        const auto press = [this](KeyPress& key) {
-            diary.note("press" + std::to_string(key.code));
-            key.swallowed = key.character < L'0' || key.character > L'9';
-        };
-        return {.down = [this](const KeyDown& key) { diary.note("down" + std::to_string(key.codes[0])); },
-                .press = press,
-                .up = diary.noting("up")};
-    }
-
+    KeyHandlers digits{
+        .down = [this](const KeyDown& key) { diary.note("down" + std::to_string(key.codes[0])); },
+        .press =
+            [this](KeyPress& key) {
+                diary.note("press" + std::to_string(key.code));
+                key.swallowed = key.character < L'0' || key.character > L'9';
+            },
+        .up = diary.noting("up")};
     TextBox plain{*this, L"plain", {}};
-    TextBox code{*this, L"code", {}, {.keys = digits()}};
+    TextBox code{*this, L"code", {}, {.keys = digits}};
     Label label{*this, L"label", {0, 0, 1000, 1000}, heard("label")};
     Frame frame{*this, L"frame", {0, 2000, 3000, 3000}, {.mouseMove = diary.noting("frameMove")}};
     Label inside{frame, L"inside", {0, 0, 1000, 1000}, heard("inside")};
@@ -44,9 +149,7 @@ protected:
         line.wake = [] {};
         add(L"Other");
         add<Page>(L"P");
-        runtime.show(L"Other");
-        runtime.show(L"P");
-        diary.take();
+        shown({L"Other", L"P"});
     }
     Page& page() { return form<Page>(L"P"); }
     std::string typed(std::wstring_view text) {

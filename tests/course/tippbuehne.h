@@ -1,10 +1,8 @@
 #pragma once
 
-#include "platform/controls/drawn.h"
-#include "tests/buehne.h"
+#include "tests/probe.h"
 
 #include <functional>
-#include <gtest/gtest.h>
 
 namespace klopfmeise {
 
@@ -54,48 +52,9 @@ protected:
         b.user.type(zeichen);
         return b.sound.played;
     }
-    std::wstring letzterKlang() const { return b.sound.played.empty() ? L"" : b.sound.played.back(); }
+    std::wstring letzterKlang() const { return b.sound.played.back(); }
     double genauigkeit() { return zahlAus(b.satz(Kontosatz::Genauigkeit)).value_or(-1); }
     bool sichtbar(const wchar_t* name) { return b.control<Control>(name).visible(); }
-};
-
-/// A screen of running text, opened on a text of the test.
-class Laufbühne : public Tippbühne {
-protected:
-    void fliesstextÖffnen(const std::string& text, std::int16_t durchgänge = 1) {
-        b.lektion(1, "Fließtext", {text, "zwei"});
-        b.satz(Kontosatz::Durchgangszahl, durchgänge);
-        b.öffnen(L"Tastatur2");
-    }
-    void textÖffnen(std::string_view text) {
-        dateiSchreiben(b.daten() / "Data" / "Texte" / "Text_001.txt", text);
-        b.öffnen(L"Textübung0");
-    }
-    /// A key, and what it brings: sounds, the place of the cursor, the number of errors.
-    struct Schritt {
-        wchar_t taste;
-        Klänge klänge;
-        int pos;
-        int fehler;
-    };
-    void spielen(const std::vector<Schritt>& schritte) {
-        for (std::size_t i = 0; i < schritte.size(); ++i) {
-            SCOPED_TRACE(i);
-            EXPECT_EQ(klänge(schritte[i].taste), schritte[i].klänge);
-            EXPECT_EQ(pos(), schritte[i].pos);
-            EXPECT_EQ(b.caption(L"lblFehler"), std::to_wstring(schritte[i].fehler));
-        }
-    }
-    Label& zelle(int i) { return b.control<Label>(L"lbl", i); }
-    /// Place of the cursor: the one cell in a cursor's colour.
-    int pos() {
-        for (int i = 1;; ++i)
-            if (zelle(i).back() == colors::midGrey || zelle(i).back() == colors::panel)
-                return i;
-    }
-
-    const Klänge knopf{L"knopf.wav"};
-    const Klänge falsch{L"falsch.wav"};
 };
 
 } // namespace klopfmeise
