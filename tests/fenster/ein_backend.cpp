@@ -1,9 +1,5 @@
 #include "tests/fenster/ein_backend.h"
 
-#include "platform/forms/form_runtime.h"
-
-#include <gtest/gtest.h>
-
 #include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QWindow>
@@ -14,7 +10,7 @@ namespace {
 QtBackend* backendOfMain = nullptr;
 }
 
-QtBackend& backend() { return *backendOfMain; }
+QtBackend& toolkit() { return *backendOfMain; }
 
 void settle() {
     QElapsedTimer time;
@@ -28,12 +24,6 @@ void strike(QWidget& in, int key, const QString& text, Qt::KeyboardModifiers mod
         QKeyEvent event(type, key, modifiers, text);
         QCoreApplication::sendEvent(in.window()->windowHandle(), &event);
     }
-    settle();
-}
-
-void unloadAll(FormRuntime& runtime) {
-    for (const auto name : runtime.names())
-        runtime.unload(name);
     settle();
 }
 

@@ -1,9 +1,5 @@
 #include "platform/qt/picture_cache.h"
-#include "platform/qt/qt_text.h"
-#include "tests/buehne.h"
 #include "tests/fenster/ein_backend.h"
-
-#include <gtest/gtest.h>
 
 #include <QAccessible>
 #include <QFontDatabase>
@@ -14,21 +10,13 @@ namespace klopfmeise {
 namespace {
 
 /// The program on the Qt backend.
-struct Programm : Bühne {
-    Programm()
-        : Bühne(nullptr, &klopfmeise::backend()) {
-        klopfmeise::backend().setRuntime(runtime);
-    }
-    ~Programm() { unloadAll(runtime); }
+class FormenQt : public OnToolkit<Bühne, nullptr> {
+protected:
     Form& zeigen(std::wstring_view name) {
         öffnen(name);
         settle();
         return *runtime.loaded(name);
     }
-};
-
-class FormenQt : public testing::Test, public Programm {
-protected:
     /// What assistive technology reads on a page.
     static std::map<QString, QAccessibleInterface*> vorlesen(QAccessibleInterface& page) {
         std::map<QString, QAccessibleInterface*> heard;
@@ -42,32 +30,24 @@ protected:
         }
         return heard;
     }
+    static void alle(const Container& container, std::vector<Control*>& liste) {
+        for (std::size_t slot = 0; slot < container.controlCount(); ++slot) {
+            liste.push_back(&container.control(slot));
+            if (const Container* inner = liste.back()->asContainer())
+                alle(*inner, liste);
+        }
+    }
 };
 
-void alle(const Container& container, std::vector<Control*>& liste) {
-    for (std::size_t slot = 0; slot < container.controlCount(); ++slot) {
-        Control& control = container.control(slot);
-        liste.push_back(&control);
-        if (const Container* inner = control.asContainer())
-            alle(*inner, liste);
-    }
-}
-
-bool einfarbig(const QImage& image) {
-    QImage plain = image;
-    plain.fill(image.pixelColor(0, 0));
-    return image == plain;
-}
-
-TEST_F(FormenQt, everyFormOfTheTableStandsWholeOnTheScreen) {
+TEST_F(FormenQt, EveryFormOfTheTableStandsWholeOnTheScreen) {
     ASSERT_GE(runtime.names().size(), 7U);
     int windowed = 0;
     for (const auto name : runtime.names()) {
-        SCOPED_TRACE(toQt(std::wstring(name)).toStdString());
+        SCOPED_TRACE(toUtf8(name));
         // The splash is gone once it was shown in earnest; this only looks at it.
         const bool splash = name == L"frmStart";
         Form& form = splash ? *runtime.load(name) : zeigen(name);
-        std::unique_ptr<FormView> own = splash ? klopfmeise::backend().makeView(form) : nullptr;
+        std::unique_ptr<FormView> own = splash ? toolkit().makeView(form) : nullptr;
         auto& shown = *static_cast<QtFormView*>(splash ? own.get() : form.view());
         if (splash)
             shown.openWindow();
@@ -84,9 +64,8 @@ TEST_F(FormenQt, everyFormOfTheTableStandsWholeOnTheScreen) {
             if (!control->windowed())
                 continue;
             ++windowed;
-            const QString full = toQt(control->fullName());
-            SCOPED_TRACE(full.toStdString());
-            const auto found = widget.findChildren<QWidget*>(full);
+            SCOPED_TRACE(toUtf8(control->fullName()));
+            const auto found = widget.findChildren<QWidget*>(toQt(control->fullName()));
             ASSERT_EQ(found.size(), 1);
             const QWidget* part = found.front();
             EXPECT_EQ(shown.controlView(part) ? &shown.controlView(part)->control() : nullptr, control);
@@ -96,7 +75,10 @@ TEST_F(FormenQt, everyFormOfTheTableStandsWholeOnTheScreen) {
             EXPECT_NEAR(part->width(), control->width() * zoom, 2);
             EXPECT_NEAR(part->height(), control->height() * zoom, 2);
         }
-        EXPECT_EQ(einfarbig(widget.grab().toImage()), form.kind() == FormKind::backdrop);
+        const QImage image = widget.grab().toImage();
+        QImage plain = image;
+        plain.fill(image.pixelColor(0, 0));
+        EXPECT_EQ(image == plain, form.kind() == FormKind::backdrop);
         own.reset();
         runtime.unload(name);
         settle();
@@ -105,11 +87,10 @@ TEST_F(FormenQt, everyFormOfTheTableStandsWholeOnTheScreen) {
     EXPECT_GE(windowed, 30);
 }
 
-TEST_F(FormenQt, theTitlePageIsReadOutAndCanBePressed) {
+TEST_F(FormenQt, TheTitlePageIsReadOutAndCanBePressed) {
     start();
     settle();
-    Form& form = *runtime.active();
-    const auto heard = vorlesen(*QAccessible::queryAccessibleInterface(&viewOf(form).widget()));
+    const auto heard = vorlesen(*QAccessible::queryAccessibleInterface(&widget(L"Lern1")));
     for (const char* text : {"Wähle deine Gruppe!", "Hasen", "Name:", "Klasse:", "Einstellungsmodus",
                              "über Klopfmeise...", "Klopfmeise beenden", "Gruppen blättern"})
         EXPECT_TRUE(heard.contains(QString::fromUtf8(text))) << "not read out: " << text;
@@ -121,18 +102,17 @@ TEST_F(FormenQt, theTitlePageIsReadOutAndCanBePressed) {
     EXPECT_EQ(group->parent()->childAt(middle.x(), middle.y()), group);
     group->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     settle();
-    EXPECT_TRUE(form.find(L"frmNamen")->visible())
-        << "pressing the class by assistive technology does nothing";
+    EXPECT_TRUE(control<Frame>(L"frmNamen").visible()) << "pressing it by assistive technology does nothing";
 }
 
-TEST_F(FormenQt, theTypingPageTellsWhatToTypeNext) {
+TEST_F(FormenQt, TheTypingPageTellsWhatToTypeNext) {
     lektion(1, "Einzeiler", {"fj \xFC", "ff jj"});
-    FormWidget& widget = viewOf(zeigen(L"Tastatur1")).widget();
-    QAccessibleInterface* page = QAccessible::queryAccessibleInterface(&widget);
+    zeigen(L"Tastatur1");
+    QAccessibleInterface* page = QAccessible::queryAccessibleInterface(&widget(L"Tastatur1"));
     std::string told;
     for (const auto& [key, text] : {std::pair{Qt::Key_F, "f"}, {Qt::Key_J, "j"}, {Qt::Key_Space, " "}}) {
         told += page->text(QAccessible::Name).toStdString() + " ";
-        strike(widget, key, text);
+        strike(widget(L"Tastatur1"), key, text);
     }
     EXPECT_EQ(told + page->text(QAccessible::Name).toStdString(), "f j Leertaste ü");
 }
@@ -182,9 +162,10 @@ TEST(LessonPicture, KeepsItsOwnSizeOrIsAveragedWhenStretched) {
     ASSERT_TRUE(halb);
     for (int x = 2; x < 18; ++x)
         EXPECT_NEAR(qRed(halb->pixel(x, 5)), 127, 40) << x;
-    EXPECT_EQ(gezeigt({200, 200}, 1)->size(), QSize(40, 20));
-    EXPECT_EQ(gezeigt({200, 200}, 2.5)->size(), QSize(100, 50));
-    EXPECT_EQ(gezeigt({30, 200}, 1)->size(), QSize(30, 20));
+    for (const auto& [platz, zoom, größe] : {std::tuple(QSize(200, 200), 1.0, QSize(40, 20)),
+                                             {QSize(200, 200), 2.5, QSize(100, 50)},
+                                             {QSize(30, 200), 1.0, QSize(30, 20)}})
+        EXPECT_EQ(gezeigt(platz, zoom)->size(), größe);
 }
 
 TEST(Fonts, TheToolkitSeesTheProgramsOwnAlone) {
