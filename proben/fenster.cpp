@@ -11,8 +11,8 @@
 
 #include <filesystem>
 
-// The program in its real window as main.cpp composes it, with a diary of its files. Folder and diary lie where it is
-// started: `Daten`, `tagebuch`, `maschine.reg`.
+// The program in its real window as main.cpp composes it, with a diary of its files. Folder and diary lie
+// where it is started: `Daten`, `tagebuch`, `maschine.reg`.
 
 using namespace klopfmeise;
 

@@ -30,6 +30,7 @@ public:
         std::string daten;
         std::string werte;
         std::string tagebuch;
+        bool wanduhr = false;
         unsigned saat = 1;
         /// How many times faster than a school's the clock runs; 0: waiting takes no time.
         double tempo = 0;
@@ -37,7 +38,7 @@ public:
 
     explicit Maschine(const Lage& lage)
         : random(lage.saat)
-        , tagebuch(lage.tagebuch)
+        , tagebuch(lage.tagebuch, lage.wanduhr)
         , dateien(echteDateien, tagebuch, lage.daten)
         , registry(lage.werte)
         , tempo_(lage.tempo) {

@@ -153,9 +153,9 @@ public:
     }
     /// Whether `da` can be seen between `von` and `bis`: begun by then, and no other value surely put over
     /// it.
-    bool möglich(std::string_view da, double von, double bis) const {
+    bool möglich(std::string_view da, double von, double bis, double uneins = 0) const {
         const auto vorbei = std::ranges::lower_bound(enden_, von, {}, &std::pair<double, double>::first);
-        const double darüber = vorbei == enden_.begin() ? -nie : std::prev(vorbei)->second;
+        const double darüber = vorbei == enden_.begin() ? -nie : std::prev(vorbei)->second - uneins;
         const auto gilt = [&](const Wert& wert) {
             return wert.von < bis && wert.bis >= darüber && zeigt(da, wert.bytes);
         };
@@ -243,6 +243,8 @@ public:
 private:
     using Zeiger = std::shared_ptr<Datei>;
 
+    /// By how many seconds the clocks of machines on a network may differ.
+    double uneins() const { return netz_ ? 2 : 0; }
     void fehler(const std::string& was) {
         if (++fehler_ <= 20)
             std::printf("FEHLER %s\n", was.c_str());
@@ -383,10 +385,10 @@ private:
         const bool konto = name.ends_with("._");
         const Verlauf fassungen(datei.fassungen);
         for (const Wert& text : datei.geladen)
-            if (!fassungen.möglich(text.bytes, netz_ ? -nie : text.von, text.bis))
+            if (!fassungen.möglich(text.bytes, netz_ ? -nie : text.von, netz_ ? nie : text.bis))
                 fehler(name + ": gelesen wurde " + text.bytes + ", was niemand schrieb");
         if (!konto && !name.ends_with("KME.ein")) {
-            if (!fassungen.möglich(kennung(da), nie, nie))
+            if (!fassungen.möglich(kennung(da), nie, nie, uneins()))
                 fehler(name + " ist keine der Fassungen: " + kennung(da));
             return;
         }
@@ -444,7 +446,7 @@ private:
         for (const auto& [ort, gelesen] : nachOrt) {
             const Verlauf verlauf(verlaufVon(datei, ort));
             for (const Wert* wert : gelesen)
-                if (!verlauf.möglich(wert->bytes, netz_ ? -nie : wert->von, wert->bis))
+                if (!verlauf.möglich(wert->bytes, netz_ ? -nie : wert->von, netz_ ? nie : wert->bis))
                     fehler(name + ", Satz " + std::to_string(ort / satzlänge + 1) +
                            ": gelesen wurde, was nicht da war");
         }
@@ -484,7 +486,7 @@ private:
             fehler(name + " ist " + std::to_string(da.size()) + " Bytes lang");
         for (std::size_t ort = 0; ort < da.size(); ort += satzlänge)
             if (!Verlauf(verlaufVon(datei, ort))
-                     .möglich(std::string_view(da).substr(ort, satzlänge), nie, nie))
+                     .möglich(std::string_view(da).substr(ort, satzlänge), nie, nie, uneins()))
                 fehler(name + ", Satz " + std::to_string(ort / satzlänge + 1) +
                        " ist nicht, was zuletzt geschrieben wurde");
     }

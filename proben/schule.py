@@ -9,7 +9,7 @@ import tempfile
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tests" / "fenster"))
-from ablage import DURCHGÄNGE, Ablage, ganz
+from ablage import DURCHGÄNGE, SATZ, Ablage, ganz
 
 
 class Schule(Ablage):
@@ -58,7 +58,7 @@ class Probe:
 
     def prüfen(self, vorher, jetzt, *tagebücher):
         """What the checker says, and whether it found nothing."""
-        lauf = subprocess.run([*map(str, [self.programme / "pruefer", *tagebücher[:0], vorher, jetzt, *tagebücher])],
+        lauf = subprocess.run([*map(str, [self.programme / "pruefer", vorher, jetzt, *tagebücher])],
                               capture_output=True, text=True)
         return lauf.returncode == 0, lauf.stdout + lauf.stderr
 

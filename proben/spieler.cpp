@@ -45,6 +45,7 @@ struct Auftrag {
         return {.daten = daten() + "/",
                 .werte = wert["--werte"],
                 .tagebuch = wert["--tagebuch"],
+                .wanduhr = zahl("--wanduhr", 0) > 0,
                 .saat = static_cast<unsigned>(zahl("--saat", 1)),
                 .tempo = zahl("--tempo", 0)};
     }
@@ -94,8 +95,8 @@ int spielen(Auftrag auftrag) {
             kinder.emplace_back(platz, klasse, name);
         if (kinder.empty())
             kinder.emplace_back(platz, L"", L"");
-        for (std::size_t i = 0; platz.weiter(); ++i)
-            tun(kinder[i % kinder.size()]);
+        while (platz.weiter())
+            tun(kinder[static_cast<std::size_t>(würfel.bis(static_cast<int>(kinder.size())))]);
         platz.zurTitelseite();
     }
     return 0;

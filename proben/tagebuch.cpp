@@ -36,7 +36,8 @@ std::string zeit(double sekunden) {
 
 } // namespace
 
-Tagebuch::Tagebuch(const std::string& datei) {
+Tagebuch::Tagebuch(const std::string& datei, bool wanduhr)
+    : wanduhr_(wanduhr) {
     if (datei.empty())
         return;
     nummer_ = ::open(datei.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0644);
@@ -49,9 +50,9 @@ Tagebuch::~Tagebuch() {
         ::close(nummer_);
 }
 
-double Tagebuch::jetzt() {
+double Tagebuch::jetzt() const {
     timespec jetzt{};
-    ::clock_gettime(CLOCK_MONOTONIC, &jetzt);
+    ::clock_gettime(wanduhr_ ? CLOCK_REALTIME : CLOCK_MONOTONIC, &jetzt);
     return static_cast<double>(jetzt.tv_sec) + static_cast<double>(jetzt.tv_nsec) / 1e9;
 }
 
@@ -94,12 +95,12 @@ public:
     }
 
     std::optional<std::string> read(std::int64_t offset, std::size_t size) override {
-        const double beginn = Tagebuch::jetzt();
+        const double beginn = tagebuch_.jetzt();
         auto bytes = echt_->read(offset, size);
         if (!tagebuch_.an())
             return bytes;
         const std::string_view ganz = bytes ? std::string_view(*bytes) : "";
-        tagebuch_.zeile("L\t" + zeit(beginn) + "\t" + zeit(Tagebuch::jetzt()) + "\t" + name_ + "\t" +
+        tagebuch_.zeile("L\t" + zeit(beginn) + "\t" + zeit(tagebuch_.jetzt()) + "\t" + name_ + "\t" +
                         std::to_string(offset) + "\t" +
                         (bytes ? hex(ganz.substr(0, ganz.find_last_not_of('\0') + 1)) : "-"));
         return bytes;
@@ -150,19 +151,19 @@ std::unique_ptr<RecordFile> Mitschreiber::openRecords(const std::wstring& path) 
         return echt_.openRecords(path);
     std::string datei = name(path);
     if (tagebuch_.erstmals(datei))
-        tagebuch_.zeile("O\t" + zeit(Tagebuch::jetzt()) + "\t" + datei);
+        tagebuch_.zeile("O\t" + zeit(tagebuch_.jetzt()) + "\t" + datei);
     auto echt = echt_.openRecords(path);
     if (echt)
         return std::make_unique<Datei>(std::move(echt), tagebuch_, std::move(datei));
-    tagebuch_.zeile("F\t" + zeit(Tagebuch::jetzt()) + "\t" + datei);
+    tagebuch_.zeile("F\t" + zeit(tagebuch_.jetzt()) + "\t" + datei);
     return nullptr;
 }
 
 std::optional<std::string> Mitschreiber::readAll(const std::wstring& path, std::size_t limit) {
-    const double beginn = Tagebuch::jetzt();
+    const double beginn = tagebuch_.jetzt();
     auto bytes = echt_.readAll(path, limit);
     if (bytes && bytes->size() < limit)
-        tagebuch_.zeile("V\t" + zeit(beginn) + "\t" + zeit(Tagebuch::jetzt()) + "\t" + name(path) + "\t" +
+        tagebuch_.zeile("V\t" + zeit(beginn) + "\t" + zeit(tagebuch_.jetzt()) + "\t" + name(path) + "\t" +
                         kennung(*bytes));
     return bytes;
 }

@@ -23,14 +23,15 @@ namespace klopfmeise {
 ///     E  time path record number   what the player expects there by what it saw on the screen
 class Tagebuch {
 public:
-    /// Without a file nothing is noted.
-    explicit Tagebuch(const std::string& datei);
+    /// Without a file nothing is noted. `wanduhr`: times are those of the day, for machines that share no
+    /// other clock.
+    explicit Tagebuch(const std::string& datei, bool wanduhr = false);
     ~Tagebuch();
     Tagebuch(const Tagebuch&) = delete;
     Tagebuch& operator=(const Tagebuch&) = delete;
 
     bool an() const { return nummer_ >= 0; }
-    static double jetzt();
+    double jetzt() const;
     void zeile(const std::string& text) const;
     std::uint64_t beginnen(char art, const std::string& was);
     void enden(std::uint64_t vorgang, bool gut) const;
@@ -39,6 +40,7 @@ public:
 
 private:
     int nummer_ = -1;
+    bool wanduhr_ = false;
     std::uint64_t vorgänge_ = 0;
     std::set<std::string> gesehen_;
 };

@@ -1,7 +1,9 @@
 """viele_maschinen.py BUILD: many machines and a teacher on one data folder, and the checker behind them."""
 
+import shlex
 import shutil
 import sys
+import time
 
 sys.dont_write_bytecode = True
 from schule import Probe, Schule, ganz
@@ -16,6 +18,23 @@ def besetzung(maschinen, kinder):
         klasse = f"Klasse {i % KLASSEN + 1}"
         eigene = [f"Eigen {i}-{k}" for k in range(kinder - 4)]
         yield klasse, eigene + [f"Lehr {i}-{k}" for k in range(2)] + [f"Geteilt {k}" for k in range(2)]
+
+
+def in_gästen(probe, gäste, arbeit):
+    """Machines in guests (netz.sh) that have mounted the folder: each finds its orders there and leaves the diaries."""
+    ort = probe.wahl.ort
+    for nummer, gast in enumerate(gäste):
+        zeilen = [" ".join(shlex.quote(str(w)) for w in ["/spieler", "--daten", "/netz/daten", "--werte", "/maschine.reg", "--tagebuch",
+                                                         f"/tmp/{name}", "--wanduhr", 1, *worte]) + " &"
+                  for name, worte in arbeit[nummer::len(gäste)]]
+        entwurf = ort / f"{gast}.entwurf"
+        entwurf.write_text("\n".join([*zeilen, "wait", ""]))
+        entwurf.rename(ort / f"{gast}.sh")
+    ende = time.monotonic() + probe.wahl.minuten * 60 + 600
+    while not all((ort / f"{gast}.fertig").exists() for gast in gäste) and time.monotonic() < ende:
+        time.sleep(1)
+    for name, _ in arbeit:
+        shutil.copy(ort / "tagebuecher" / name, probe.ordner)
 
 
 def verderben(probe, vorher, jetzt, tagebücher):
@@ -49,7 +68,7 @@ def verderben(probe, vorher, jetzt, tagebücher):
 
 
 def main():
-    probe = Probe(__doc__, maschinen=30, kinder=10, minuten=10.0, tempo=10.0, saat=1, zugang="", netz="")
+    probe = Probe(__doc__, maschinen=30, kinder=10, minuten=10.0, tempo=10.0, saat=1, zugang="", gäste="", netz="")
     wahl = probe.wahl
     if wahl.kurz:
         wahl.maschinen, wahl.kinder, wahl.minuten, wahl.tempo = 6, 6, 0.06, 0
@@ -58,25 +77,25 @@ def main():
     for klasse, kinder in plätze:
         klassen.setdefault(klasse, {}).update(dict.fromkeys(kinder))
     daten = (wahl.ort or probe.ordner) / "daten"
-    Schule(daten, {klasse: tuple(kinder) for klasse, kinder in klassen.items()}, probe.kurs)
+    Schule(daten, {klasse: tuple(kinder) for klasse, kinder in klassen.items()}, None if wahl.kurz else probe.kurs)
     vorher = shutil.copytree(daten, probe.ordner / "vorher")
     # Through several mounts each machine sees the folder by another client.
     zugänge = wahl.zugang.split(",") if wahl.zugang else [daten]
     gemeinsam = ["--sekunden", wahl.minuten * 60, "--tempo", wahl.tempo]
-    läufe = []
-    for i, (klasse, kinder) in enumerate(plätze):
-        namen = [wort for kind in kinder for wort in ("--kind", f"{klasse}/{kind}")]
-        läufe.append(probe.spieler(zugänge[i % len(zugänge)], f"maschine{i:02}", "--saat", wahl.saat * 1000 + i, *gemeinsam, *namen))
-    unterrichtet = [wort for klasse in klassen for wort in ("--klasse", klasse)]
-    läufe.append(probe.spieler(zugänge[-1], "lehrkraft", "--nur", "lehrkraft", "--eigene", "Eigene", "--saat", wahl.saat,
-                               *gemeinsam, *unterrichtet))
-    for lauf in läufe:
-        if lauf.wait() != 0:
-            probe.melden(False, f"eine Maschine endete mit {lauf.returncode}")
-    tagebücher = sorted(t for t in probe.ordner.glob("*") if t.name == "lehrkraft" or t.name.startswith("maschine") and not t.suffix)
-    if wahl.netz:
-        tagebücher.insert(0, "--netz")
-    probe.melden(*probe.prüfen(vorher, daten, *tagebücher))
+    arbeit = {f"maschine{i:02}": ["--saat", wahl.saat * 1000 + i] + [w for kind in kinder for w in ("--kind", f"{klasse}/{kind}")]
+              for i, (klasse, kinder) in enumerate(plätze)}
+    arbeit["lehrkraft"] = ["--nur", "lehrkraft", "--eigene", "Eigene", "--saat", wahl.saat]
+    arbeit["lehrkraft"] += [wort for klasse in klassen for wort in ("--klasse", klasse)]
+    if wahl.gäste:
+        in_gästen(probe, wahl.gäste.split(","), [(name, [*worte, *gemeinsam]) for name, worte in arbeit.items()])
+    else:
+        läufe = [probe.spieler(zugänge[i % len(zugänge)], name, *worte, *gemeinsam) for i, (name, worte) in enumerate(arbeit.items())]
+        for lauf in läufe:
+            if lauf.wait() != 0:
+                probe.melden(False, f"eine Maschine endete mit {lauf.returncode}")
+    tagebücher = [probe.ordner / name for name in arbeit]
+    netz = ["--netz"] if wahl.netz else []
+    probe.melden(*probe.prüfen(vorher, daten, *netz, *tagebücher))
     if wahl.kurz:
         verderben(probe, vorher, daten, tagebücher)
     probe.ende()
