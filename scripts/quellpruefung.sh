@@ -26,7 +26,7 @@ verboten() {
 }
 verboten '#include [<"]Q' "Qt outside platform/qt and tools." '*.cpp' '*.h' ':!platform/qt' ':!tools' ':!tests/fenster' ':!bench'
 verboten '#include "\.' "Names in #include start at the root." '*.cpp' '*.h'
-verboten '#include "(tests|tools|bench|fuzz)/' "The program looks into what is not part of it." '*.cpp' '*.h' ':!tests' ':!tools' ':!bench' ':!fuzz'
+verboten '#include "(tests|tools|bench|fuzz|proben)/' "The program looks into what is not part of it." '*.cpp' '*.h' ':!tests' ':!tools' ':!bench' ':!fuzz' ':!proben'
 
 # darf RAUM VERBOTEN...: no file of the room includes one of these.
 darf() {

@@ -108,6 +108,16 @@ TEST_F(PosixFilesTest, WhereAShareRefusesToReplaceTheOldFileIsWrittenOver) {
     EXPECT_EQ(entries(), 1);
 }
 
+TEST_F(PosixFilesTest, AShareThatTakesAwayWhatIsOpenWhileItIsReplacedLosesNothing) {
+    dateiSchreiben(place("Text.txt"), "before");
+    for (const int times : {0, 3}) {
+        const FailingCall taking(Call::replaceOpen, EACCES, folder_.pfad(), times);
+        EXPECT_TRUE(files_.writeAll(path("Text.txt"), "new"));
+        EXPECT_EQ(dateiinhalt(place("Text.txt")), "new");
+        EXPECT_EQ(entries(), 1);
+    }
+}
+
 TEST_F(PosixFilesTest, WhatIsMadeTakesTheRightsOfItsFolderWhateverTheUmask) {
     for (const mode_t mask : {0000U, 0022U, 0077U})
         for (const unsigned rights : {02775U, 0770U, 0700U, 0777U, 02750U, 01777U}) {
