@@ -142,7 +142,8 @@ std::optional<std::vector<std::wstring>> list(const std::wstring& path, bool fol
     if (!folder)
         return std::nullopt;
     while (const dirent* entry = ::readdir(folder.get())) {
-        if (entry->d_name[0] == '.')
+        // In a path of the logic a backslash parts two names: it would lead elsewhere.
+        if (entry->d_name[0] == '.' || std::string_view(entry->d_name).find('\\') != std::string_view::npos)
             continue;
         bool isFolder = entry->d_type == DT_DIR;
         bool isOther = entry->d_type != DT_DIR && entry->d_type != DT_REG;
