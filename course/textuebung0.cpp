@@ -26,7 +26,7 @@ void Textübung0::Form_Load() {
     Nullen();
     Textname = textnameLesen(umgebung_.dateien(), umgebung_.global);
     LblBib.setCaption(Textname);
-    text_.Text1.loadFile(klassentext(umgebung_.dateien(), umgebung_.global, Textname));
+    text_.Text1.loadFile(klassentext(umgebung_.global, Textname));
     Startaufstellung();
 }
 

@@ -33,7 +33,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     verlangt(schalter && *schalter == angebot);
     const std::wstring name = textnameLesen(datei, global);
     verlangt(name.size() <= Kontodatei::Satzlänge - 2);
-    if (const std::wstring pfad = klassentext(datei, global, name); !pfad.empty()) {
+    if (const std::wstring pfad = klassentext(global, name); !pfad.empty()) {
         const std::wstring ordner = texteordner(global);
         const std::wstring rest = pfad.substr(ordner.size());
         verlangt(pfad.starts_with(ordner) && !rest.empty() && rest != L"." && rest != L"..");

@@ -30,9 +30,8 @@ bool textZugänglich(Files& dateien, const Globale& global, const std::wstring& 
     return !dateien.isLink(textpfad(global, name));
 }
 
-std::wstring klassentext(Files& dateien, const Globale& global, const std::wstring& name) {
-    return führtHinaus(name) || !textZugänglich(dateien, global, name) ? std::wstring()
-                                                                       : textpfad(global, name);
+std::wstring klassentext(const Globale& global, const std::wstring& name) {
+    return führtHinaus(name) ? std::wstring() : textpfad(global, name);
 }
 
 std::optional<std::wstring> textAnlegen(Files& dateien, const Globale& global, const std::wstring& name) {

@@ -24,9 +24,9 @@ std::vector<std::wstring> texteAuflisten(Files& dateien, const Globale& global);
 /// nor written.
 bool textZugänglich(Files& dateien, const Globale& global, const std::wstring& name);
 
-/// The path of the text that the settings of a class name; empty for a name that leads out of the folder, and
-/// for a link. Those settings lie where others can write them.
-std::wstring klassentext(Files& dateien, const Globale& global, const std::wstring& name);
+/// The path of the text that the settings of a class name; empty for a name that leads out of the folder.
+/// Those settings lie where others can write them.
+std::wstring klassentext(const Globale& global, const std::wstring& name);
 
 /// Makes an empty text from a name without the ending; one that is there is emptied. Its name as the folder
 /// spells it, or none if no text can bear that name or nothing could be written.

@@ -258,10 +258,11 @@ RegText::RegText(std::string_view bytes) {
             last.raw += raw;
             last.text.pop_back();
             last.text += trimmed(text);
+            more = text.ends_with(L'\\');
         } else {
             lines_.push_back({std::move(raw), std::move(text)});
+            more = goesOn(lines_.back().text);
         }
-        more = goesOn(lines_.back().text);
     }
     open_ = more;
     if (open_)
