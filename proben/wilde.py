@@ -5,6 +5,7 @@ complained, the program still ends as it should, and every record lies in its ra
 The program is locked into its own folders meanwhile, as its folder dialog could do harm."""
 
 import contextlib
+import importlib.util
 import os
 import pathlib
 import random
@@ -12,7 +13,6 @@ import re
 import shutil
 import subprocess
 import sys
-import threading
 import time
 
 sys.dont_write_bytecode = True
@@ -65,11 +65,15 @@ class Wilder:
 
     # Each of these gives lines for xdotool.
 
+    def punkt(self, x, y):
+        """The pixel of a place of the 800 by 600 form."""
+        breite, höhe = self.größe
+        zoom = max(1.0, min(breite / 800, höhe / 600))
+        return int((breite - 800 * zoom) / 2 + x * zoom), int((höhe - 600 * zoom) / 2 + y * zoom)
+
     def ort(self):
         if self.zufall.random() < 0.6:
-            x, y = self.zufall.choice(ORTE)
-            zoom = max(1.0, min(self.größe[0] / 800, self.größe[1] / 600))
-            return (int((self.größe[0] - 800 * zoom) / 2 + x * zoom), int((self.größe[1] - 600 * zoom) / 2 + y * zoom))
+            return self.punkt(*self.zufall.choice(ORTE))
         return self.zufall.randrange(self.größe[0]), self.zufall.randrange(self.größe[1])
 
     def klick(self):
@@ -104,14 +108,15 @@ class Wilder:
     def weg(self):
         """Into the teacher mode and to one of its screens, as chance would seldom have it."""
         self.zahl["Wege"] += 1
+
         def klick(x, y):
-            zoom = max(1.0, min(self.größe[0] / 800, self.größe[1] / 600))
-            return f"mousemove {int((self.größe[0] - 800 * zoom) / 2 + x * zoom)} {int((self.größe[1] - 600 * zoom) / 2 + y * zoom)}\nclick 1\nsleep 0.15\n"
+            return "mousemove {} {}\nclick 1\nsleep 0.15\n".format(*self.punkt(x, y))
         if self.zufall.random() < 0.5:
             # A child: class, name, an exercise, START, and the right keys.
             übung = self.zufall.choice([(239, 289), (316, 289), (393, 289), (470, 289), (547, 289)])
             start = {(239, 289): (396, 462), (393, 289): (230, 320), (470, 289): (230, 195), (547, 289): (230, 150)}
-            return (klick(300, 224) + klick(300, self.zufall.choice([216, 243])) + klick(*übung) + klick(*start.get(übung, (400, 300))) +
+            return (klick(300, 224) + klick(300, self.zufall.choice([216, 243])) + klick(*übung) +
+                    klick(*start.get(übung, (400, 300))) +
                     Schirm.anschläge(STUFE + "\n" if übung == (239, 289) else "fj fj \n", 25))
         unten = "".join(f"key --delay 5 Down\n" for _ in range(self.zufall.randrange(4)))
         return (klick(618, 562) + Schirm.anschläge("7294\n", 25) + "sleep 0.4\n" +
@@ -160,8 +165,8 @@ class Wilder:
         elif was < 0.15:
             self.einfügen()
         else:
-            zeilen = "".join(self.zufall.choices([self.klick, self.taste, self.text, self.gehalten, self.weg], [40, 20, 14, 6, 12])[0]()
-                             for _ in range(self.zufall.randrange(1, 7)))
+            arten = [self.klick, self.taste, self.text, self.gehalten, self.weg]
+            zeilen = "".join(art() for art in self.zufall.choices(arten, [40, 20, 14, 6, 12], k=self.zufall.randrange(1, 7)))
             self.getan.append(zeilen)
             self.schirm.befehl("xdotool", "-", eingabe=zeilen)
         del self.getan[:-8]
@@ -176,7 +181,7 @@ class Wilder:
         time.sleep(0.5)
 
 
-class Zwischenablage(threading.Thread):
+class Zwischenablage:
     """Holds the clipboard of a display, in a process of its own that takes a text a line."""
 
     PROGRAMM = ("import sys, tkinter\nfenster = tkinter.Tk()\nfenster.withdraw()\n"
@@ -252,8 +257,7 @@ def beenden(w):
             w.schirm.befehl("xdotool", "windowactivate", fenster, "key", "Escape", "key", "alt+F4")
         time.sleep(0.3)
         for x, y in ((758, 562), (604, 429), (590, 429), (758, 562), (331, 317)):
-            zoom = max(1.0, min(w.größe[0] / 800, w.größe[1] / 600))
-            w.schirm.klick_bei(int((w.größe[0] - 800 * zoom) / 2 + x * zoom), int((w.größe[1] - 600 * zoom) / 2 + y * zoom))
+            w.schirm.klick_bei(*w.punkt(x, y))
             time.sleep(0.1)
         return w.lauf.poll() is not None
     warte(geendet, "das Programm läßt sich beenden", frist=120, takt=0.2)
@@ -261,8 +265,8 @@ def beenden(w):
 
 
 if __name__ == "__main__":
-    if not eingesperrt.möglich() or not shutil.which("xrandr"):
-        print("Auf dieser Maschine nicht möglich: es fehlt die Sperre (Landlock) oder xrandr.")
+    if not (eingesperrt.möglich() and shutil.which("xrandr") and importlib.util.find_spec("tkinter")):
+        print("Auf dieser Maschine nicht möglich: es fehlt die Sperre (Landlock), xrandr oder tkinter.")
         sys.exit(NICHT_MÖGLICH)
     sekunden = float((sys.argv[3:] or ["20"])[0])
     for saat in sys.argv[4:] or [str(int.from_bytes(os.urandom(4), "little"))]:

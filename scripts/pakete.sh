@@ -2,7 +2,8 @@
 pakete_bauen="g++ cmake ninja-build qt6-base-dev libfontconfig-dev qt6-svg-dev pkg-config libpulse-dev fonts-liberation"
 pakete_wayland="qt6-wayland" # where there is no X server beside it
 pakete_testen="git libgtest-dev libbenchmark-dev clang-format clang libclang-rt-14-dev \
-xvfb openbox xdotool x11-utils x11-xkb-utils xkb-data imagemagick pulseaudio pulseaudio-utils python3"
+xvfb openbox xdotool x11-utils x11-xkb-utils xkb-data imagemagick pulseaudio pulseaudio-utils python3 python3-tk \
+x11-xserver-utils strace"
 
 # Installs what is missing of the packages named; where that is not allowed, prints the one line that does it and stops.
 installieren() {
