@@ -1,6 +1,8 @@
 #include "platform/controls/checks.h"
+#include "platform/controls/drawn.h"
 #include "platform/controls/lists.h"
 #include "platform/controls/ranges.h"
+#include "platform/controls/text_box.h"
 #include "tests/buehne.h"
 #include "tests/fenster/ein_backend.h"
 
@@ -8,6 +10,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QLineEdit>
 #include <QWheelEvent>
 
 namespace klopfmeise {
@@ -58,6 +61,45 @@ TEST_F(KurskontenQt, ASliderMovesByItsStepsAndANotchOfTheWheelIsTheSmallOne) {
     EXPECT_EQ(lektion(), 29);
     drehen(slider, -60);
     EXPECT_EQ(lektion(), 28);
+}
+
+TEST_F(KurskontenQt, ANameThatIsThereIsSelectedSoThatTheNextOneTakesItsPlace) {
+    user.click(L"cmdNeu");
+    settle();
+    QWidget& box = widget("Text1");
+    box.setFocus();
+    const auto tippen = [&](const char* text) {
+        for (const char* c = text; *c; ++c)
+            strike(box, *c == '\r' ? Qt::Key_Return : Qt::Key_X, QChar(*c));
+    };
+    tippen("Mia\r");
+    EXPECT_EQ(static_cast<QLineEdit&>(box).selectedText(), QStringLiteral("Mia"));
+    // It stays selected while nothing is typed, and can be gone on with after an arrow key.
+    control<TextBox>(L"Text1").repaint();
+    settle();
+    tippen("Ole\r");
+    EXPECT_EQ(control<FileList>(L"File1").selectedName(), L"Ole._");
+    tippen("Mia\r");
+    strike(box, Qt::Key_End);
+    control<TextBox>(L"Text1").setFocus();
+    settle();
+    tippen("2\r");
+    EXPECT_EQ(control<FileList>(L"File1").selectedName(), L"Mia2._");
+}
+
+TEST_F(KurskontenQt, TheWheelOverTheClassesScrollsThem) {
+    for (int i = 0; i < 20; ++i)
+        std::filesystem::create_directory(daten() / "Gruppen" / ("Klasse " + std::to_string(10 + i)));
+    runtime.unload(L"einstTastatur");
+    runtime.show(L"einstKlassen");
+    settle();
+    QWidget& liste = *viewOf(*runtime.active()).widget().findChild<QWidget*>(QStringLiteral("frmHaupt"));
+    EXPECT_EQ(caption(L"LblGruppe", 0), L"Hasen");
+    drehen(liste, -120);
+    EXPECT_EQ(caption(L"LblGruppe", 0), L"Klasse 12");
+    for (int i = 0; i < 20; ++i)
+        drehen(liste, 120);
+    EXPECT_EQ(caption(L"LblGruppe", 0), L"Hasen");
 }
 
 TEST_F(KurskontenQt, AnOptionInTwoLinesIsTextForWhoHearsItAndCanBePressed) {

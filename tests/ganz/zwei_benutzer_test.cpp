@@ -1,20 +1,17 @@
 #include "platform/values/windows1252.h"
 #include "store/einstellungsdatei.h"
-#include "tests/buehne.h"
 #include "tests/platform/machine/troubles.h"
+#include "tests/probe.h"
 
 #include <array>
 #include <cstdio>
 #include <functional>
 #include <grp.h>
-#include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace klopfmeise {
 namespace {
-
-namespace fs = std::filesystem;
 
 /// Users by their numbers alone; the machine need not know them.
 struct Benutzer {

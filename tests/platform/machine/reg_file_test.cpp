@@ -1,18 +1,15 @@
 #include "platform/machine/reg_file.h"
-#include "platform/values/text.h"
 #include "platform/values/windows1252.h"
-#include "tests/buehne.h"
 #include "tests/platform/machine/troubles.h"
+#include "tests/probe.h"
 
 #include <cerrno>
-#include <gtest/gtest.h>
 #include <iterator>
 #include <optional>
 
 namespace klopfmeise {
 namespace {
 
-using std::string_literals::operator""s;
 using Type = Registry::Type;
 
 /// Type and bytes, comparable.
@@ -40,7 +37,7 @@ protected:
         EXPECT_EQ(file_.close(opened), RegistryStatus::success);
     }
     void lay(const std::string& lines) { dateiSchreiben(path_, lines); }
-    auto entries() const { return std::distance(std::filesystem::directory_iterator(folder_.pfad()), {}); }
+    auto entries() const { return std::distance(fs::directory_iterator(folder_.pfad()), {}); }
 
     Wegwerfordner folder_;
     std::string path_ = (folder_.pfad() / "machine.reg").string();
@@ -173,15 +170,15 @@ TEST_F(RegFileTest, EachEncodingIsReadAndWrittenBackAsItIs) {
 TEST_F(RegFileTest, TheFolderIsMadeForAllToReadWhateverTheUmask) {
     path_ = (folder_.pfad() / "etc" / "klopfmeise" / "maschine.reg").string();
     file_ = RegFile(path_);
-    const auto mode = [](const std::filesystem::path& path) {
-        return static_cast<unsigned>(std::filesystem::status(path).permissions());
+    const auto mode = [](const fs::path& path) {
+        return static_cast<unsigned>(fs::status(path).permissions());
     };
     const Umask umask(0077);
     EXPECT_EQ(file_.create(RegFile::localMachine, key_, RegFile::writeAccess).disposition, 1U);
     EXPECT_EQ(mode(path_), 0644U);
-    EXPECT_EQ(mode(std::filesystem::path(path_).parent_path()), 0755U);
+    EXPECT_EQ(mode(fs::path(path_).parent_path()), 0755U);
     // An administrator's own rights stay.
-    std::filesystem::permissions(path_, std::filesystem::perms{0640});
+    fs::permissions(path_, fs::perms{0640});
     write("Pin", {Type::string, "1"});
     EXPECT_EQ(mode(path_), 0640U);
 }
