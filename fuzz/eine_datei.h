@@ -37,7 +37,9 @@ public:
     std::wstring search(const std::wstring& path) override { return path.substr(path.rfind(L'\\') + 1); }
     bool folderExists(const std::wstring&) override { return true; }
     bool isLink(const std::wstring&) override { return false; }
-    std::vector<std::wstring> listFiles(const std::wstring&, std::wstring_view) override { return {}; }
+    std::optional<std::vector<std::wstring>> listFiles(const std::wstring&, std::wstring_view) override {
+        return {};
+    }
     std::optional<std::vector<std::wstring>> listFolders(const std::wstring&) override { return {}; }
     bool makeFolder(const std::wstring&) override { return false; }
     bool removeFolder(const std::wstring&) override { return false; }

@@ -153,7 +153,8 @@ public:
     std::wstring search(const std::wstring& p) override { return echt_.search(p); }
     bool folderExists(const std::wstring& p) override { return echt_.folderExists(p); }
     bool isLink(const std::wstring& p) override { return echt_.isLink(p); }
-    std::vector<std::wstring> listFiles(const std::wstring& p, std::wstring_view pattern) override {
+    std::optional<std::vector<std::wstring>> listFiles(const std::wstring& p,
+                                                       std::wstring_view pattern) override {
         return echt_.listFiles(p, pattern);
     }
     std::optional<std::vector<std::wstring>> listFolders(const std::wstring& p) override {
