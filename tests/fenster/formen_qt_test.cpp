@@ -1,4 +1,5 @@
 #include "platform/qt/picture_cache.h"
+#include "platform/qt/picture_file.h"
 #include "tests/fenster/ein_backend.h"
 
 #include <QAccessible>
@@ -166,6 +167,45 @@ TEST(LessonPicture, KeepsItsOwnSizeOrIsAveragedWhenStretched) {
                                              {QSize(200, 200), 2.5, QSize(100, 50)},
                                              {QSize(30, 200), 1.0, QSize(30, 20)}})
         EXPECT_EQ(gezeigt(platz, zoom)->size(), größe);
+}
+
+/// A bitmap with a palette of black and white and one run of pixels, which tells of itself what it likes.
+std::string bitmap(std::int32_t width, std::int32_t height) {
+    std::string bytes = "BM";
+    const auto add = [&](std::uint32_t value, int count) {
+        for (int i = 0; i < count; ++i)
+            bytes += static_cast<char>(value >> (8 * i) & 0xFF);
+    };
+    for (const auto value :
+         {66U, 0U, 62U, 40U, static_cast<std::uint32_t>(width), static_cast<std::uint32_t>(height)})
+        add(value, 4);
+    add(1, 2);
+    add(8, 2);
+    for (const auto value : {1U, 4U, 0U, 0U, 2U, 2U, 0U, 0xFFFFFFU})
+        add(value, 4);
+    return bytes + std::string("\xFF\1\0\1", 4);
+}
+
+TEST(LessonPicture, WhatIsTooLargeIsNoneBeforeAPixelIsMade) {
+    const QSize place(186, 95);
+    EXPECT_EQ(pictureIn(bitmap(2048, 2048), place, 0).size(), place);
+    EXPECT_EQ(pictureIn(bitmap(2048, 2048), place, 2.5).size(), place);
+    EXPECT_EQ(pictureIn(bitmap(20, 20), place, 2.5).size(), QSize(50, 50));
+    // Some that the decoder itself would take, and some beyond all bounds.
+    for (const auto& [width, height] : {std::pair(2049, 2048),
+                                        {2048, -2049},
+                                        {5000, 5000},
+                                        {1, 4194305},
+                                        {60000, 60000},
+                                        {2147483647, 2147483647},
+                                        {-5, 5},
+                                        {0, 5},
+                                        {5, 0}})
+        EXPECT_TRUE(pictureIn(bitmap(width, height), place, 0).isNull()) << width << " x " << height;
+    EXPECT_TRUE(pictureIn(bitmap(20, 20) + std::string(longestPictureFile, ' '), place, 0).isNull());
+    // The name says bitmap: nothing else is tried, whatever the first bytes are.
+    const std::string drawing = "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'/>";
+    EXPECT_TRUE(pictureIn(drawing, place, 0).isNull());
 }
 
 TEST(Fonts, TheToolkitSeesTheProgramsOwnAlone) {

@@ -93,6 +93,23 @@ TEST_F(RegFileTest, WhatIsSetComesBackAndTheRestOfTheFileStays) {
         EXPECT_EQ(read(name), value);
         EXPECT_EQ(entries(), 1) << "a temporary file is left";
     }
+    // A file that was cut, and what stands behind a value and is no comment.
+    const std::string cut = keyLine + "\"Path\"=hex(1):31,\\";
+    for (const auto& [before, after] : {std::pair(cut, cut + "\r\n\r\n\"Pin\"=dword:80000007\r\n"),
+                                        {cut + "\\", cut + "\\\r\n\r\n\"Pin\"=dword:80000007\r\n"},
+                                        {keyLine + "\"Pin\"=\"7\" \xFF\\\r\n\"Z\"=\"x\"\r\n",
+                                         keyLine + "\"Pin\"=dword:80000007\r\n\"Z\"=\"x\"\r\n"},
+                                        {keyLine + "\"Pin\"=\"\xFF\"\r\n\"Z\"=\"\xC3\xA4\"\r\n",
+                                         keyLine + "\"Pin\"=dword:80000007\r\n\"Z\"=\"Ã¤\"\r\n"}}) {
+        lay(before);
+        const auto path = read("Path");
+        const auto z = read("Z");
+        write("Pin", number);
+        EXPECT_EQ(dateiinhalt(path_), after);
+        EXPECT_EQ(read("Pin"), number);
+        EXPECT_EQ(read("Path"), path);
+        EXPECT_EQ(read("Z"), z);
+    }
     // What an administrator writes meanwhile stays too.
     const auto opened = open(RegFile::writeAccess);
     lay(keyLine + "\"Pin\"=\"2222\"\r\n\"Path\"=\"a\"\r\n");
@@ -127,6 +144,11 @@ TEST_F(RegFileTest, EachEncodingIsReadAndWrittenBackAsItIs) {
         write("L\xE4nge", {Type::dword, "\2\0\0\0"s});
         EXPECT_EQ(dateiinhalt(path_), encoded(text + L"\"Pin\"=hex(1):31\r\n\"Länge\"=dword:00000002\r\n"));
     }
+    // Cut in the middle of a character.
+    const std::string half = toUtf16<false>((mark + laid).substr(0, laid.size() - 1)) + "x";
+    lay(half);
+    write("Pin", {Type::string, "1"});
+    EXPECT_EQ(dateiinhalt(path_), toUtf16<false>(mark + laid + L"\"Pin\"=hex(1):31\r\n"));
     // An export in UTF-16 tells a string's bytes in units of two. Beyond the code page, in a pair of units
     // and in one, it is UTF-8 behind its mark. A key that is taken away takes its values.
     for (const auto& [line, value] :
