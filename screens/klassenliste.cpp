@@ -1,5 +1,6 @@
 #include "screens/klassenliste.h"
 
+#include "screens/meldungen.h"
 #include "store/klassen.h"
 
 #include <algorithm>
@@ -37,11 +38,16 @@ Klassenliste::Klassenliste(Container& form, Container& rahmen, const Umgebung& u
                 {.largeStep = look.großerSchritt,
                  .vertical = true,
                  .spoken = L"Gruppen blättern",
-                 .change = [this] { füllen(); }}) {}
+                 .change = [this] { füllen(); }})
+    , lblUnlesbar(
+          rahmen, L"lblUnlesbar",
+          {look.ersteZeile.left, look.ersteZeile.top, look.ersteZeile.width, 4 * look.abstand},
+          {.caption = ablageUnlesbar, .font = look.schrift, .align = Align::center, .visible = false}) {}
 
 void Klassenliste::lesen() {
     Dir1.setPath(gruppenordner(umgebung_.global));
     ScrGruppe.setMax(std::max(0, Dir1.itemCount() - 1));
+    lblUnlesbar.setVisible(!Dir1.listed());
     füllen();
 }
 

@@ -40,6 +40,7 @@ private:
     FolderList Dir1;
     ControlArray<Label> LblGruppe;
     ScrollBar ScrGruppe;
+    Label lblUnlesbar;
 };
 
 } // namespace klopfmeise

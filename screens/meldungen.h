@@ -7,6 +7,9 @@
 
 namespace klopfmeise {
 
+/// What stands in place of a list whose folder cannot be listed.
+inline constexpr const wchar_t* ablageUnlesbar = L"Die Datenablage kann gerade nicht gelesen werden.";
+
 /// Tells that a folder cannot be the data folder, and what a data folder is; `welcher` says which folder it
 /// is, "eingestellte" or "angegebene".
 void datenablageAblehnen(const Umgebung& umgebung, std::wstring_view welcher, const std::wstring& ordner);

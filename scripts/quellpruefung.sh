@@ -34,13 +34,14 @@ darf() {
     shift
     verboten "#include \"($(IFS='|'; echo "$*"))/" "$raum looks into a room that it must not know." "$raum"
 }
-darf platform store screens front course games teacher
-darf store screens front course games teacher platform/qt platform/headless
-darf screens front course games teacher platform/qt platform/headless
-darf front course games teacher platform/qt platform/headless
-darf course front games teacher platform/qt platform/headless
-darf games front course teacher platform/qt platform/headless
-darf teacher front course games platform/qt platform/headless
+darf platform store screens front course games teacher verwaltung
+darf store screens front course games teacher verwaltung platform/qt platform/headless
+darf screens front course games teacher verwaltung platform/qt platform/headless
+darf front course games teacher verwaltung platform/qt platform/headless
+darf course front games teacher verwaltung platform/qt platform/headless
+darf games front course teacher verwaltung platform/qt platform/headless
+darf teacher front course games verwaltung platform/qt platform/headless
+darf verwaltung screens front course games teacher platform/controls platform/forms platform/input platform/qt platform/headless
 # Inside platform/, from the lowest to the highest.
 darf platform/values platform/richtext platform/machine platform/controls platform/forms platform/input platform/qt platform/headless
 darf platform/richtext platform/machine platform/controls platform/forms platform/input platform/qt platform/headless

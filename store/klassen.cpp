@@ -10,6 +10,8 @@ namespace klopfmeise {
 
 namespace {
 
+using Namen = std::vector<std::wstring>;
+
 constexpr const wchar_t* einstellungsdatei = L"KME.ein";
 
 std::wstring ordnerVon(const Globale& global, const std::wstring& name) {
@@ -26,7 +28,7 @@ bool führtHinaus(const std::wstring& name) {
 std::wstring gruppenordner(const Globale& global) { return global.Datenpfad + L"Gruppen\\"; }
 
 std::vector<std::wstring> klassenAuflisten(Files& dateien, const Globale& global) {
-    return dateien.listFolders(gruppenordner(global)).value_or(std::vector<std::wstring>());
+    return dateien.listFolders(gruppenordner(global)).value_or(Namen());
 }
 
 bool klasseZugänglich(Files& dateien, const Globale& global, const std::wstring& klasse) {
@@ -58,11 +60,11 @@ Klassenlöschung klasseLöschen(Files& dateien, const Globale& global, const std
         return {.misslungen = dateien.folderExists(ordner)};
     if (!unterordner->empty())
         return {.hatUnterordner = true};
-    for (const std::wstring& datei : dateien.listFiles(ordner, L"*.*"))
+    for (const std::wstring& datei : dateien.listFiles(ordner, L"*.*").value_or(Namen()))
         dateien.removeFile(ordner + datei);
     if (dateien.removeFolder(ordner) || !dateien.folderExists(ordner))
         return {};
-    return {.misslungen = true, .übrig = dateien.listFiles(ordner, L"*.*")};
+    return {.misslungen = true, .übrig = dateien.listFiles(ordner, L"*.*").value_or(Namen())};
 }
 
 bool klasseUmbenennen(Files& dateien, const Globale& global, const std::wstring& alt,

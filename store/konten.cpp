@@ -15,6 +15,8 @@ namespace klopfmeise {
 
 namespace {
 
+using Namen = std::vector<std::wstring>;
+
 /// A record as a whole number; `sonst` where it is Empty, 0, an empty string or no number at all.
 int zahlOder(const Wert& wert, int sonst) {
     const double zahl = std::trunc(zahlAus(wert).value_or(0));
@@ -37,7 +39,7 @@ bool zugänglich(Files& dateien, const Globale& global, const std::wstring& kont
 } // namespace
 
 std::vector<std::wstring> kontenAuflisten(Files& dateien, const Globale& global) {
-    auto namen = dateien.listFiles(klassenordner(global), Kontomuster);
+    auto namen = dateien.listFiles(klassenordner(global), Kontomuster).value_or(Namen());
     for (std::wstring& name : namen)
         name.resize(name.size() - Kontoendung.size());
     return namen;
@@ -82,9 +84,9 @@ Kontorest kontoLöschen(Files& dateien, const Globale& global, const std::wstrin
         dateien.removeFile(ordner);
         return {};
     }
-    for (const std::wstring& datei : dateien.listFiles(ordner, L"*.*"))
+    for (const std::wstring& datei : dateien.listFiles(ordner, L"*.*").value_or(Namen()))
         dateien.removeFile(ordner + datei);
-    return {.dateien = dateien.listFiles(ordner, L"*.*")};
+    return {.dateien = dateien.listFiles(ordner, L"*.*").value_or(Namen())};
 }
 
 Kursparameter kursparameterAus(Kontodatei& datei) {

@@ -1,7 +1,6 @@
 #include "store/texte.h"
 
 #include "platform/machine/services.h"
-#include "platform/richtext/rtf.h"
 #include "platform/values/windows1252.h"
 #include "store/dateinamen.h"
 #include "store/einstellungsdatei.h"
@@ -23,7 +22,7 @@ std::wstring texteordner(const Globale& global) { return global.Datenpfad + L"Da
 std::wstring textpfad(const Globale& global, const std::wstring& name) { return texteordner(global) + name; }
 
 std::vector<std::wstring> texteAuflisten(Files& dateien, const Globale& global) {
-    return dateien.listFiles(texteordner(global), Textmuster);
+    return dateien.listFiles(texteordner(global), Textmuster).value_or(std::vector<std::wstring>());
 }
 
 bool textZugänglich(Files& dateien, const Globale& global, const std::wstring& name) {
@@ -34,7 +33,7 @@ std::optional<std::wstring> textAnlegen(Files& dateien, const Globale& global, c
     const std::wstring datei = name + L".txt";
     const std::wstring pfad = textpfad(global, datei);
     if (!zulässigerName(name) || !textZugänglich(dateien, global, datei) ||
-        !dateien.writeAll(pfad, writeRtf(documentFromPlainText(L"").document)))
+        !dateien.writeAll(pfad, writeRtf({}, Textformat)))
         return std::nullopt;
     // A text that was there keeps the case of its name.
     const std::wstring gefunden = dateien.search(pfad);

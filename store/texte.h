@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/richtext/rtf.h"
 #include "store/globale.h"
 
 #include <optional>
@@ -14,6 +15,9 @@ class Files;
 /// Own texts: rich-text documents in `Data\Texte\`, the same for all classes. A text is known by the name of
 /// its file, with the ending.
 inline constexpr std::wstring_view Textmuster = L"*.txt";
+
+/// The one look of all texts.
+inline const RtfFormat Textformat{.typeface = L"Courier New", .halfPoints = 20};
 
 /// With its closing backslash.
 std::wstring texteordner(const Globale& global);

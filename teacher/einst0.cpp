@@ -4,13 +4,6 @@
 
 namespace klopfmeise {
 
-namespace {
-
-/// RGB of olive, the ground behind the child windows.
-constexpr Color olive = RGB(128, 128, 0);
-
-} // namespace
-
 einst0::einst0(const Umgebung& umgebung)
     : Form(umgebung.runtime, formname::einst0,
            {.kind = FormKind::frame,

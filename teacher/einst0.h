@@ -35,9 +35,12 @@ private:
     void Timer1_Timer();
     void zeileAnpassen();
 
+    /// RGB of olive, the ground behind the child windows and below the class line.
+    static constexpr Color olive = RGB(128, 128, 0);
+
     Umgebung umgebung_;
 
-    PictureBox Picture1{*this, L"Picture1", {0, 0, 14880, 450}};
+    PictureBox Picture1{*this, L"Picture1", {0, 0, 14880, 450}, {.back = olive}};
     Label LblKlasse{Picture1,
                     L"LblKlasse",
                     {0, 0, 14865, 390},

@@ -101,6 +101,8 @@ bool einstTastatur::Namenseingabe() {
     umgebung_.global.AktuellesKonto = name;
     switch (kontoAnlegen(umgebung_.dateien(), umgebung_.global, name)) {
     case Kontoanlage::vorhanden:
+        // The next name of a list that is typed takes its place.
+        Text1.selectAll();
         return true;
     case Kontoanlage::unzulässigerName:
         stopp(L"Konto kann nicht angelegt werden!", namensregeln);
@@ -162,7 +164,8 @@ void einstTastatur::EinstellungenLaden() {
     const bool gewählt = kontoGewählt();
     const auto werte = gewählt ? kursparameterLesen(umgebung_.dateien(), umgebung_.global) : std::nullopt;
     frmEinstellungen.setVisible(werte.has_value());
-    lblUnlesbar.setVisible(gewählt && !werte);
+    lblUnlesbar.setCaption(File1.listed() ? kontoUnlesbar : klasseUnlesbar);
+    lblUnlesbar.setVisible(!File1.listed() || (gewählt && !werte));
     if (!werte)
         return;
     geladen_ = File1.selectedName();

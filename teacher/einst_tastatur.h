@@ -10,6 +10,7 @@
 #include "platform/forms/form.h"
 #include "platform/forms/timer.h"
 #include "screens/bildknopf.h"
+#include "store/dateinamen.h"
 #include "store/pfade.h"
 
 #include <optional>
@@ -68,7 +69,7 @@ private:
                 .change = [this] { sld_Change(); }};
     }
     CheckLook option(const wchar_t* caption) {
-        return {.caption = caption, .font = {courier, 8.25}, .click = [this] { EinstellungenSpeichern(); }};
+        return {.caption = caption, .font = {courier, 7.5}, .click = [this] { EinstellungenSpeichern(); }};
     }
 
     Umgebung umgebung_;
@@ -106,18 +107,21 @@ private:
     TextBox Text1{frmNeuesKind,
                   L"Text1",
                   {105, 555, 1905, 330},
-                  {.maxLength = 20,
+                  {.maxLength = längsterKontoname,
                    .spoken = L"Name für neues Konto",
                    .keys = {.press = [this](KeyPress& taste) { Text1_KeyPress(taste); }}}};
     Button cmdText1Ok{frmNeuesKind, L"cmdText1Ok", {105, 945, 1905, 375}, {.caption = L"Ok", .click = [this] {
                                                                                cmdText1Ok_Click();
                                                                            }}};
 
-    /// Shown in place of the parameters of an account that could not be read.
+    static constexpr const wchar_t* kontoUnlesbar = L"Das Konto kann gerade nicht gelesen werden.";
+    static constexpr const wchar_t* klasseUnlesbar =
+        L"Der Ordner der Klasse kann gerade nicht gelesen werden.";
+    /// Shown in place of the parameters: what could not be read.
     Label lblUnlesbar{*this,
                       L"lblUnlesbar",
                       {2415, 105, 7785, 300},
-                      {.caption = L"Das Konto kann gerade nicht gelesen werden.",
+                      {.caption = kontoUnlesbar,
                        .back = colors::wrong,
                        .align = Align::center,
                        .wrap = false,

@@ -1,6 +1,7 @@
 #include "teacher/einst_texte.h"
 
 #include "screens/formnamen.h"
+#include "screens/meldungen.h"
 #include "screens/tastenplan.h"
 #include "screens/zeichencodes.h"
 #include "store/einstellungsdatei.h"
@@ -85,6 +86,7 @@ void einstTexte::laden() {
     Text1.formatSelection(Text1.ownFormat(), RtfAlignment::left);
     Text1.select(länge, 0);
     untippbar_ = untippbaresZeichen(Text1.text());
+    übergelaufen_ = false;
     // Where that fails the file still holds the text, only in another look.
     speichern();
     gewählt_ = textWählen(umgebung_.dateien(), umgebung_.global, name);
@@ -116,6 +118,7 @@ bool einstTexte::freigeben() {
 
 void einstTexte::Text1_Change() {
     ungesichert_ = true;
+    übergelaufen_ = false;
     untippbar_ = untippbaresZeichen(Text1.text());
     sichern();
     anzeigen();
@@ -126,8 +129,10 @@ void einstTexte::anzeigen() {
     const bool gewählt = !fileText.selectedName().empty();
     LblLänge.setCaption(L"Textlänge: " + std::to_wstring(Text1.text().size()) + L" Zeichen");
     frmText.setVisible((gewählt && lesbar) || ungesichert_);
-    lblUnlesbar.setVisible(gewählt && !lesbar);
-    lblHinweis.setFore(ungesichert_ || !gewählt_ ? warnrot : colors::black);
+    lblUnlesbar.setCaption(fileText.listed() ? L"Dieser Text kann nicht gelesen und nicht gewählt werden."
+                                             : ablageUnlesbar);
+    lblUnlesbar.setVisible(!fileText.listed() || (gewählt && !lesbar));
+    lblHinweis.setFore(ungesichert_ || !gewählt_ || übergelaufen_ ? warnrot : colors::black);
     lblHinweis.setCaption(hinweis());
 }
 
@@ -138,6 +143,8 @@ std::wstring einstTexte::hinweis() const {
         return L"Die Auswahl wurde nicht gespeichert: Die Klasse behält ihren Text.";
     if (geladen_ == RtfOutcome::cut)
         return L"Der Text ist zu lang. Er ist hier gekürzt und lässt sich nicht ändern.";
+    if (übergelaufen_)
+        return L"Ein Text fasst höchstens 100.000 Zeichen. Was nicht hineinpasste, fehlt.";
     if (untippbar_ == 0)
         return {};
     return L"Nicht alle Zeichen lassen sich tippen: " +
@@ -189,7 +196,9 @@ void einstTexte::cmdTextLöschen_Click() {
         break;
     }
     fileText.refresh();
-    fileText.select(0);
+    // What is not saved either stays open; that needs no second message.
+    if (!ungesichert_ || !auswählen(geladener()))
+        fileText.select(0);
     anzeigen();
 }
 

@@ -56,6 +56,8 @@ private:
     /// The class took the selected text.
     bool gewählt_ = true;
     wchar_t untippbar_ = 0;
+    /// Not all of the last change did fit into the text.
+    bool übergelaufen_ = false;
 
     FileList fileText{
         *this,
@@ -94,15 +96,21 @@ private:
     RichTextBox Text1{frmText,
                       L"Text1",
                       {315, 315, 7995, 3960},
-                      {.font = {courier, 10}, .spoken = L"Text", .change = [this] { Text1_Change(); }}};
+                      {.font = {courier, 10},
+                       .spoken = L"Text",
+                       .change = [this] { Text1_Change(); },
+                       .overflow =
+                           [this] {
+                               übergelaufen_ = true;
+                               anzeigen();
+                           }}};
     Label LblLänge{
         frmText, L"LblLänge", {5565, 105, 2745, 225}, {.font = klein, .align = Align::right, .wrap = false}};
     Label lblHinweis{frmText, L"lblHinweis", {315, 4320, 7995, 225}, {.font = klein, .wrap = false}};
-    Label lblUnlesbar{
-        *this,
-        L"lblUnlesbar",
-        {2940, 525, 7995, 240},
-        {.caption = L"Dieser Text kann nicht gelesen und nicht gewählt werden.", .visible = false}};
+    Label lblUnlesbar{*this,
+                      L"lblUnlesbar",
+                      {2625, 210, 8625, 300},
+                      {.back = colors::wrong, .align = Align::center, .wrap = false, .visible = false}};
     Label LblEinstellung{*this, L"LblEinstellung", {2625, 4620, 2745, 330}, {.visible = false}};
 
     Timer Timer1{*this, L"Timer1", {.interval = 100, .tick = [this] { anzeigen(); }}};

@@ -39,7 +39,9 @@ private:
     Frame Frame2{*this,
                  L"Frame2",
                  {210, 105, 10500, 840},
-                 {.caption = L"AKTUELL EINGESTELLTER ORDNER FÜR DIE DATENABLAGE", .font = textschrift}};
+                 {.caption = L"AKTUELL EINGESTELLTER ORDNER FÜR DIE DATENABLAGE",
+                  .back = colors::paleGrey,
+                  .font = textschrift}};
     Label lblPfadAktuell{Frame2,
                          L"lblPfadAktuell",
                          {150, 345, 8250, 300},
@@ -109,7 +111,9 @@ private:
     Frame Frame1{*this,
                  L"Frame1",
                  {210, 6030, 10500, 900},
-                 {.caption = L"NEUEN ORDNER FÜR DIE DATENABLAGE WÄHLEN", .font = textschrift}};
+                 {.caption = L"NEUEN ORDNER FÜR DIE DATENABLAGE WÄHLEN",
+                  .back = colors::paleGrey,
+                  .font = textschrift}};
     TextBox txtPfadNeu{
         Frame1,
         L"txtPfadNeu",

@@ -2,6 +2,7 @@
 
 #include "platform/machine/posix_files.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -25,7 +26,12 @@ public:
         rest_ = anNummer;
         ausfall_ = Vorgang::keiner;
     }
-    /// What it was that failed.
+    /// As above, but it succeeds after all: another machine does something before it.
+    void dazwischen(int vorNummer, std::function<void()> tun) {
+        ausfallenBei(vorNummer);
+        dazwischen_ = std::move(tun);
+    }
+    /// What it was that failed, or that something came before.
     Vorgang ausfall() const { return ausfall_; }
     /// Calls `tun` with every operation failing in turn, until it ends before one fails; then none fails.
     template <class Tun>
@@ -52,8 +58,9 @@ public:
     std::wstring search(const std::wstring& path) override { return trifft() ? L"" : echt_.search(path); }
     bool folderExists(const std::wstring& path) override { return !trifft() && echt_.folderExists(path); }
     bool isLink(const std::wstring& path) override { return trifft() || echt_.isLink(path); }
-    std::vector<std::wstring> listFiles(const std::wstring& folder, std::wstring_view pattern) override {
-        return trifft() ? std::vector<std::wstring>() : echt_.listFiles(folder, pattern);
+    std::optional<std::vector<std::wstring>> listFiles(const std::wstring& folder,
+                                                       std::wstring_view pattern) override {
+        return trifft() ? std::nullopt : echt_.listFiles(folder, pattern);
     }
     std::optional<std::vector<std::wstring>> listFolders(const std::wstring& folder) override {
         return trifft() ? std::nullopt : echt_.listFolders(folder);
@@ -98,7 +105,10 @@ private:
         if (rest_ == 0 || --rest_ > 0)
             return false;
         ausfall_ = vorgang;
-        return true;
+        if (!dazwischen_)
+            return true;
+        dazwischen_();
+        return false;
     }
 
     PosixFiles echt_;
@@ -106,6 +116,7 @@ private:
     int nummer_ = 0;
     Störung störung_;
     Vorgang ausfall_ = Vorgang::keiner;
+    std::function<void()> dazwischen_;
 };
 
 } // namespace klopfmeise

@@ -1,10 +1,10 @@
 // Makes the data folder as it is installed: datenordner KURS TEXTE ZIEL [--probeklasse NAME KIND...]
 
 #include "platform/machine/posix_files.h"
-#include "platform/richtext/rtf.h"
 #include "platform/values/text.h"
 #include "platform/values/windows1252.h"
 #include "store/kontodatei.h"
+#include "store/texte.h"
 #include "tools/kursdatei.h"
 
 #include <algorithm>
@@ -78,11 +78,9 @@ std::string textdatei(const fs::path& quelle) {
         throw std::runtime_error(quelle.string() + ": länger als " + std::to_string(rtfMaxCharacters) +
                                  " Zeichen");
     for (RtfParagraph& absatz : dokument.paragraphs)
-        for (RtfRun& lauf : absatz.runs) {
-            lauf.format.typeface = L"Courier New";
-            lauf.format.halfPoints = 20;
-        }
-    return writeRtf(dokument);
+        for (RtfRun& lauf : absatz.runs)
+            lauf.format = Textformat;
+    return writeRtf(dokument, Textformat);
 }
 
 void vorlage(const fs::path& pfad) {

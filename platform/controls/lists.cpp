@@ -33,7 +33,9 @@ void ListControl::setPath(std::wstring path) {
 
 void ListControl::refresh() {
     const std::wstring before = selectedName();
-    items_ = std::make_shared<Items>(listing(host().files()));
+    auto names = listing(host().files());
+    listed_ = names.has_value();
+    items_ = std::make_shared<Items>(std::move(names).value_or(Items()));
     const auto found = before.empty() ? items_->end() : std::ranges::find(*items_, before);
     selected_ = found == items_->end() ? -1 : static_cast<int>(found - items_->begin());
     changed();
@@ -59,10 +61,12 @@ void ListControl::movedTo(int row) {
         select(row);
 }
 
-ListControl::Items FileList::listing(Files& files) const { return files.listFiles(path(), look().pattern); }
+std::optional<ListControl::Items> FileList::listing(Files& files) const {
+    return files.listFiles(path(), look().pattern);
+}
 
-ListControl::Items FolderList::listing(Files& files) const {
-    return files.listFolders(path()).value_or(Items());
+std::optional<ListControl::Items> FolderList::listing(Files& files) const {
+    return files.listFolders(path());
 }
 
 } // namespace klopfmeise

@@ -5,6 +5,7 @@
 #include "platform/values/font.h"
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace klopfmeise {
@@ -44,6 +45,8 @@ public:
     void setPath(std::wstring path);
     /// Lists the folder again; a selected name stays selected if it is still there.
     void refresh();
+    /// False if the folder could not be listed the last time; the list is empty then.
+    bool listed() const { return listed_; }
     const Font& font() const { return look().font; }
     Color back() const { return look().back; }
 
@@ -58,11 +61,12 @@ protected:
     using TypedControl::TypedControl;
 
 private:
-    virtual Items listing(Files& files) const = 0;
+    virtual std::optional<Items> listing(Files& files) const = 0;
 
     std::wstring path_;
     std::shared_ptr<const Items> items_ = std::make_shared<Items>();
     int selected_ = -1;
+    bool listed_ = true;
 };
 
 /// The files of a folder that match a pattern, sorted.
@@ -74,7 +78,7 @@ public:
     static constexpr bool is(Kind kind) { return kind == Kind::fileList; }
 
 private:
-    Items listing(Files& files) const override;
+    std::optional<Items> listing(Files& files) const override;
 };
 
 /// The folders of a folder, sorted; an entry is the last component of its path.
@@ -86,7 +90,7 @@ public:
     static constexpr bool is(Kind kind) { return kind == Kind::folderList; }
 
 private:
-    Items listing(Files& files) const override;
+    std::optional<Items> listing(Files& files) const override;
 };
 
 } // namespace klopfmeise

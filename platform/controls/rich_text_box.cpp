@@ -53,7 +53,7 @@ RtfOutcome RichTextBox::loadFile(const std::wstring& path) {
 }
 
 bool RichTextBox::saveFile(const std::wstring& path) const {
-    return whole_ && host().files().writeAll(path, writeRtf(document_));
+    return whole_ && host().files().writeAll(path, writeRtf(document_, ownFormat()));
 }
 
 void RichTextBox::setDocument(RtfReading reading) {
@@ -94,6 +94,16 @@ void RichTextBox::formatSelection(const RtfFormat& format, RtfAlignment alignmen
         at += 2;
     }
     changed();
+}
+
+std::size_t RichTextBox::room(int replaced) const {
+    const std::size_t kept = text_.size() - static_cast<std::size_t>(replaced);
+    return kept < rtfMaxCharacters ? rtfMaxCharacters - kept : 0;
+}
+
+void RichTextBox::overflowed() {
+    if (look().overflow)
+        look().overflow();
 }
 
 void RichTextBox::edited(RtfDocument document, int selectionStart, int selectionLength) {

@@ -13,6 +13,8 @@ struct RichTextLook {
     std::wstring spoken = {};
     /// The user made another document of it.
     Handler change = {};
+    /// Of what the user typed or pasted not all did fit; called behind `change`.
+    Handler overflow = {};
 };
 
 /// A box that loads, shows, edits and saves rich text. Positions count the characters of `text`, in which
@@ -43,9 +45,13 @@ public:
     /// Gives the selected characters this format, and the paragraphs that they touch this alignment.
     void formatSelection(const RtfFormat& format, RtfAlignment alignment);
 
+    /// Places that are free for a text that is put where so many characters are.
+    std::size_t room(int replaced) const;
     /// What the user made of document and selection; calls `change` if the document is another. One that is
     /// too long is not taken.
     void edited(RtfDocument document, int selectionStart, int selectionLength);
+    /// Some of what the user typed or pasted did not fit.
+    void overflowed();
     /// The user moved the caret or selected something.
     void movedTo(int selectionStart, int selectionLength);
 

@@ -6,8 +6,10 @@
 namespace klopfmeise {
 
 void TextBox::setText(std::wstring text) {
-    if (put(&Look::text, std::move(text)))
-        caret_ = std::min(caret_, static_cast<int>(this->text().size()));
+    if (!put(&Look::text, std::move(text)))
+        return;
+    caret_ = std::min(caret_, static_cast<int>(this->text().size()));
+    allSelected_ = false;
 }
 
 void TextBox::setFontPoints(double points) {
@@ -18,12 +20,20 @@ void TextBox::setFontPoints(double points) {
 
 void TextBox::setCaret(int position) {
     caret_ = std::clamp(position, 0, static_cast<int>(text().size()));
+    allSelected_ = false;
+    changed();
+}
+
+void TextBox::selectAll() {
+    caret_ = static_cast<int>(text().size());
+    allSelected_ = true;
     changed();
 }
 
 void TextBox::edited(std::wstring text, int caret) {
     const bool other = take(&Look::text, std::move(text));
     caret_ = std::clamp(caret, 0, static_cast<int>(this->text().size()));
+    allSelected_ = false;
     if (other && look().change)
         look().change();
 }

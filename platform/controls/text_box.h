@@ -48,12 +48,17 @@ public:
     int caret() const { return caret_; }
     /// Beyond the text means behind its end.
     void setCaret(int position);
+    /// Selects the whole text, so that what is typed next takes its place; the user undoes that by whatever
+    /// is done in the box.
+    void selectAll();
+    bool allSelected() const { return allSelected_; }
 
     /// What the user made of the text; calls `change` if it is another.
     void edited(std::wstring text, int caret);
 
 private:
     int caret_ = 0;
+    bool allSelected_ = false;
 };
 
 } // namespace klopfmeise

@@ -55,16 +55,6 @@ std::ptrdiff_t signAt(const std::vector<Sign>& signs, int place) {
     return at;
 }
 
-std::wstring withoutLineFeeds(const std::wstring& text) {
-    std::wstring lines;
-    for (std::size_t i = 0; i < text.size(); ++i)
-        if (text[i] != L'\n')
-            lines += text[i];
-        else if (i == 0 || text[i - 1] != L'\r')
-            lines += paragraphEnd;
-    return lines;
-}
-
 } // namespace
 
 void insertIntoEditor(RichTextBox& box, const std::wstring& text) {
@@ -82,15 +72,16 @@ void insertIntoEditor(RichTextBox& box, const std::wstring& text) {
     const RtfAlignment alignment = signs[static_cast<std::size_t>(to)].alignment;
     std::vector<Sign> inserted;
     int caret = box.selectionStart();
-    for (const wchar_t character : withoutLineFeeds(text))
-        if (const wchar_t taken = character == paragraphEnd ? paragraphEnd : rtfCharacter(character);
-            taken != 0) {
-            inserted.push_back({taken, format, alignment});
-            caret += places(taken);
-        }
+    const RtfAdmission admission = rtfAdmitted(text, box.room(box.selectionLength()));
+    for (const wchar_t character : admission.text) {
+        inserted.push_back({character == L'\n' ? paragraphEnd : character, format, alignment});
+        caret += places(inserted.back().character);
+    }
     signs.erase(signs.begin() + from, signs.begin() + to);
     signs.insert(signs.begin() + from, inserted.begin(), inserted.end());
     box.edited(documentOf(signs), caret, 0);
+    if (!admission.whole)
+        box.overflowed();
 }
 
 void removeFromEditor(RichTextBox& box, bool before) {

@@ -25,8 +25,8 @@ constexpr wchar_t firstPrintable = 32;
 void insert(TextBox& box, const std::wstring& characters) {
     if (box.readOnly())
         return;
-    std::wstring text = box.text();
-    auto caret = static_cast<std::size_t>(box.caret());
+    std::wstring text = box.allSelected() ? std::wstring() : box.text();
+    auto caret = std::min(text.size(), static_cast<std::size_t>(box.caret()));
     for (const wchar_t character : characters)
         if (box.maxLength() == 0 || static_cast<int>(text.size()) < box.maxLength())
             text.insert(caret++, 1, character);
@@ -37,8 +37,9 @@ bool takes(TextBox& box, const Key& key, const std::wstring& text) {
     if (std::ranges::find(key.codes, backspaceCode) != key.codes.end()) {
         if (!box.readOnly() && box.caret() > 0) {
             std::wstring rest = box.text();
-            rest.erase(static_cast<std::size_t>(box.caret()) - 1, 1);
-            box.edited(std::move(rest), box.caret() - 1);
+            const int from = box.allSelected() ? 0 : box.caret() - 1;
+            rest.erase(static_cast<std::size_t>(from), static_cast<std::size_t>(box.caret() - from));
+            box.edited(std::move(rest), from);
         }
         return true;
     }

@@ -212,9 +212,9 @@ bool PosixFiles::isLink(const std::wstring& path) {
     return errno != ENOENT && errno != ENOTDIR;
 }
 
-std::vector<std::wstring> PosixFiles::listFiles(const std::wstring& folder, std::wstring_view pattern) {
-    return list(folder, false, [&](const std::wstring& name) { return matches(name, pattern); })
-        .value_or(std::vector<std::wstring>());
+std::optional<std::vector<std::wstring>> PosixFiles::listFiles(const std::wstring& folder,
+                                                               std::wstring_view pattern) {
+    return list(folder, false, [&](const std::wstring& name) { return matches(name, pattern); });
 }
 
 std::optional<std::vector<std::wstring>> PosixFiles::listFolders(const std::wstring& folder) {

@@ -15,7 +15,8 @@ public:
     std::wstring search(const std::wstring& path) override;
     bool folderExists(const std::wstring& path) override;
     bool isLink(const std::wstring& path) override;
-    std::vector<std::wstring> listFiles(const std::wstring& folder, std::wstring_view pattern) override;
+    std::optional<std::vector<std::wstring>> listFiles(const std::wstring& folder,
+                                                       std::wstring_view pattern) override;
     std::optional<std::vector<std::wstring>> listFolders(const std::wstring& folder) override;
     bool makeFolder(const std::wstring& path) override;
     bool removeFolder(const std::wstring& path) override;

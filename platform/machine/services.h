@@ -71,10 +71,11 @@ public:
     /// True if the path is a link to somewhere else, whether to a file, a folder or nothing, and also where
     /// that cannot be told. `removeFile` takes the link away and leaves what it points at.
     virtual bool isLink(const std::wstring& path) = 0;
-    /// Names of the files in `folder` that match `pattern` (`*` and `?`), sorted as a reader sorts.
-    virtual std::vector<std::wstring> listFiles(const std::wstring& folder, std::wstring_view pattern) = 0;
-    /// Names of the folders in `folder`, sorted; none if it could not be listed, which is not the same as
-    /// having no folder in it.
+    /// Names of the files in `folder` that match `pattern` (`*` and `?`), sorted as a reader sorts; no value
+    /// if it could not be listed, which is not the same as having no file in it.
+    virtual std::optional<std::vector<std::wstring>> listFiles(const std::wstring& folder,
+                                                               std::wstring_view pattern) = 0;
+    /// Names of the folders in `folder`, as above.
     virtual std::optional<std::vector<std::wstring>> listFolders(const std::wstring& folder) = 0;
     virtual bool makeFolder(const std::wstring& path) = 0;
     virtual bool removeFolder(const std::wstring& path) = 0;

@@ -80,13 +80,15 @@ void ButtonWidget::paintEvent(QPaintEvent*) {
 }
 
 void ButtonWidget::paintContent(const Canvas& canvas) {
+    // Blanks at the ends of its lines would move a line out of the middle.
+    const std::wstring caption = fromQt(toQt(button_.caption()).simplified());
     const int inset = 3 * twipsPerPixel;
     Rect room = button_.place().grown(-inset);
     if (!button_.picture().empty()) {
         Rect place = room;
-        if (!button_.caption().empty()) {
+        if (!caption.empty()) {
             // The caption lies below the picture.
-            const int lines = wrappedLines(button_.caption(), button_.font(), room.width);
+            const int lines = wrappedLines(caption, button_.font(), room.width);
             const int text = lines * metricsOf(button_.font()).lineHeight;
             place.height = std::max(0, room.height - text);
             room = {room.left, room.bottom() - std::min(text, room.height), room.width,
@@ -100,7 +102,7 @@ void ButtonWidget::paintContent(const Canvas& canvas) {
         paintPicture(canvas, canvas.scale.device(square), &button_, {button_.picture(), false});
         canvas.painter.setOpacity(1);
     }
-    canvas.texts.draw(canvas.painter, canvas.scale, room, button_.caption(),
+    canvas.texts.draw(canvas.painter, canvas.scale, room, caption,
                       {.font = button_.font(),
                        .color = isEnabled() ? look::ink : look::paleInk,
                        .align = Align::center,

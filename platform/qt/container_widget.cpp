@@ -9,7 +9,9 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QScrollBar>
 #include <QToolTip>
+#include <QWheelEvent>
 
 namespace klopfmeise {
 
@@ -106,6 +108,16 @@ void ContainerWidget::mouseMoveEvent(QMouseEvent* event) {
     const Qt::CursorShape shape = hand ? Qt::PointingHandCursor : Qt::ArrowCursor;
     if (cursor().shape() != shape)
         setCursor(shape);
+}
+
+void ContainerWidget::wheelEvent(QWheelEvent* event) {
+    // Over a list of labels it moves the scroll bar beside them. Called and not sent: what the bar has no use
+    // for would come back here.
+    QObject* bar = findChild<QScrollBar*>({}, Qt::FindDirectChildrenOnly);
+    if (bar)
+        bar->event(event);
+    else
+        event->ignore();
 }
 
 QPoint cornerOnForm(const QWidget& widget) {

@@ -21,8 +21,13 @@ void paint(const Canvas& canvas, const Label& label) {
     const QRect place = canvas.scale.device(label.place());
     if (label.back())
         canvas.painter.fillRect(place, toQt(*label.back()));
+    // A line keeps clear of its border; a text of several has its room reckoned to the character.
+    const int clearance = label.border() && !label.wrap() ? 3 * twipsPerPixel : 0;
+    Rect room = label.place();
+    room.left += clearance;
+    room.width -= 2 * clearance;
     canvas.texts.draw(
-        canvas.painter, canvas.scale, label.place(), label.caption(),
+        canvas.painter, canvas.scale, room, label.caption(),
         {.font = label.shownFont(), .color = label.fore(), .align = label.align(), .wrap = label.wrap()});
     if (label.border())
         paintInnerLine(canvas.painter, place, thickness(canvas.scale, 1), toQt(look::ink));

@@ -3,6 +3,7 @@
 #include "platform/qt/qt_text.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
@@ -74,6 +75,10 @@ std::wstring QtShell::chooseFolder(const std::wstring& title) {
     dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Suchen in:"));
     dialog.setLabelText(QFileDialog::FileName, QStringLiteral("Ordner:"));
     dialog.setLabelText(QFileDialog::FileType, QStringLiteral("Art:"));
+    // What the toolkit's own dialog has no label for speaks another language.
+    dialog.setViewMode(QFileDialog::List);
+    if (auto* kind = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo")))
+        kind->setItemText(0, QStringLiteral("Ordner"));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return {};
     return files_.entered(fromQt(QDir::cleanPath(dialog.selectedFiles().constFirst())));

@@ -11,6 +11,7 @@
 #include <QTextEdit>
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace klopfmeise {
@@ -94,22 +95,6 @@ int modelPosition(const std::wstring& text, int position) {
     return static_cast<int>(place);
 }
 
-/// What gets into the editor of a typed or pasted text: no more than there is room for, line ends as the
-/// editor has them.
-QString admitted(const QString& text, std::size_t room) {
-    std::wstring taken;
-    for (const wchar_t c : fromQt(QString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")))) {
-        const wchar_t character = rtfCharacter(c == L'\r' ? L'\n' : c);
-        const std::size_t places = character == 0 ? 0 : character == L'\n' ? 2 : 1;
-        if (places > room)
-            break;
-        room -= places;
-        if (character != 0)
-            taken += character;
-    }
-    return toQt(taken);
-}
-
 /// Accents are composed by the program itself; there is no undo, since each change is a new document to the
 /// program.
 class Editor final : public QTextEdit {
@@ -123,6 +108,9 @@ public:
         setFrameShape(QFrame::NoFrame);
     }
 
+    /// Not all of what was typed or pasted did fit.
+    std::function<void()> overflowed;
+
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override {
         return query == Qt::ImEnabled ? QVariant(false) : QTextEdit::inputMethodQuery(query);
     }
@@ -135,31 +123,32 @@ protected:
             QTextEdit::keyPressEvent(event);
             return;
         }
-        const QString left = admitted(text, room());
+        const RtfAdmission admission = admitted(text);
         // On an empty aligned line the toolkit's Enter would take back the alignment instead.
-        if (left == text)
+        if (toQt(admission.text) == text)
             QTextEdit::keyPressEvent(event);
         else
-            insert(left);
+            insert(admission);
     }
     void insertFromMimeData(const QMimeData* source) override {
         if (!isReadOnly())
-            insert(admitted(source->text(), room()));
+            insert(admitted(source->text()));
     }
 
 private:
-    void insert(const QString& text) {
-        if (text.isEmpty())
-            return;
-        textCursor().insertText(text);
-        ensureCursorVisible();
+    void insert(const RtfAdmission& admission) {
+        if (!admission.text.empty()) {
+            textCursor().insertText(toQt(admission.text));
+            ensureCursorVisible();
+        }
+        if (!admission.whole)
+            overflowed();
     }
-    /// Characters that still fit, counted as the model does.
-    std::size_t room() const {
+    RtfAdmission admitted(const QString& text) const {
         const QTextCursor cursor = textCursor();
         const int chosen = modelPosition(box_.text(), cursor.selectionEnd()) -
                            modelPosition(box_.text(), cursor.selectionStart());
-        return rtfMaxCharacters - box_.text().size() + static_cast<std::size_t>(chosen);
+        return rtfAdmitted(fromQt(text), box_.room(chosen));
     }
 
     const RichTextBox& box_;
@@ -176,6 +165,10 @@ public:
             edited_ = true;
             told();
         });
+        edit_.overflowed = [this, told] {
+            overflowed_ = true;
+            told();
+        };
         QObject::connect(widget, &QTextEdit::selectionChanged, widget, told);
         QObject::connect(widget, &QTextEdit::cursorPositionChanged, widget, told);
     }
@@ -183,6 +176,7 @@ public:
 private:
     void tellModel() {
         const bool edited = std::exchange(edited_, false);
+        const bool overflowed = std::exchange(overflowed_, false);
         // The program has put another document there meanwhile.
         if (shown_ != box_.document())
             return;
@@ -197,6 +191,8 @@ private:
         } else {
             box_.movedTo(start, length);
         }
+        if (overflowed)
+            box_.overflowed();
     }
 
     void syncLook(const Scale& scale) override {
@@ -273,6 +269,8 @@ private:
     bool built_ = false;
     /// The user changed the text and the model has not been told yet.
     bool edited_ = false;
+    /// As above: something did not fit.
+    bool overflowed_ = false;
 };
 
 } // namespace

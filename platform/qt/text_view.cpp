@@ -120,6 +120,7 @@ public:
         }
         QObject::connect(widget, &QLineEdit::textChanged, widget, told);
         QObject::connect(widget, &QLineEdit::cursorPositionChanged, widget, told);
+        QObject::connect(widget, &QLineEdit::selectionChanged, widget, told);
     }
 
 private:
@@ -139,6 +140,8 @@ private:
         const int caret = std::min(box_.caret(), static_cast<int>(text.size()));
         if (edit_.cursorPosition() != caret)
             edit_.setCursorPosition(caret);
+        if (box_.allSelected())
+            edit_.selectAll();
     }
 
     TextBox& box_;
@@ -195,6 +198,7 @@ public:
         };
         QObject::connect(widget, &QPlainTextEdit::textChanged, widget, told);
         QObject::connect(widget, &QPlainTextEdit::cursorPositionChanged, widget, told);
+        QObject::connect(widget, &QPlainTextEdit::selectionChanged, widget, told);
     }
 
 private:
@@ -215,6 +219,8 @@ private:
             cursor.setPosition(caret);
             edit_.setTextCursor(cursor);
         }
+        if (box_.allSelected())
+            edit_.selectAll();
     }
 
     TextBox& box_;

@@ -71,6 +71,14 @@ struct RtfReading {
 /// Gives up to `size` bytes from `offset` on, none only at the end; no value if reading failed.
 using RtfSource = std::function<std::optional<std::string>(std::int64_t offset, std::size_t size)>;
 
+/// What gets into a document of a typed or pasted text.
+struct RtfAdmission {
+    std::wstring text; ///< line ends, CR LF or LF or CR before, are L'\n'
+    bool whole = true; ///< false: there was no room for the rest
+};
+/// `room`: places that are free, counted as in RtfDocument::plainText.
+[[nodiscard]] RtfAdmission rtfAdmitted(std::wstring_view text, std::size_t room);
+
 /// Reads RTF, or plain text where the bytes do not begin with "{\rtf": UTF-16 behind its byte order mark,
 /// UTF-8 if all of it is, else Windows-1252; lines end with CR LF, LF or CR. A broken document gives what
 /// could be read of it. A \par ends a paragraph: "a" and "a\par" at the end of a document are the same.
@@ -83,7 +91,7 @@ using RtfSource = std::function<std::optional<std::string>(std::int64_t offset, 
 [[nodiscard]] RtfReading documentFromPlainText(std::wstring_view text);
 
 /// ASCII bytes, from which reading gives the same document again. Each paragraph ends with \par, the last one
-/// too.
-[[nodiscard]] std::string writeRtf(const RtfDocument& document);
+/// too. What is typed where no character stands yet, in an empty document, will have the format `standing`.
+[[nodiscard]] std::string writeRtf(const RtfDocument& document, const RtfFormat& standing = {});
 
 } // namespace klopfmeise

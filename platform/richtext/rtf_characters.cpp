@@ -34,4 +34,22 @@ wchar_t rtfCharacter(wchar_t character) {
     return character <= range.last ? range.by : character;
 }
 
+RtfAdmission rtfAdmitted(std::wstring_view text, std::size_t room) {
+    RtfAdmission admission;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == L'\n' && i > 0 && text[i - 1] == L'\r')
+            continue;
+        const wchar_t character = rtfCharacter(text[i] == L'\r' ? L'\n' : text[i]);
+        const std::size_t places = character == 0 ? 0 : character == L'\n' ? 2 : 1;
+        if (places > room) {
+            admission.whole = false;
+            break;
+        }
+        room -= places;
+        if (character != 0)
+            admission.text += character;
+    }
+    return admission;
+}
+
 } // namespace klopfmeise

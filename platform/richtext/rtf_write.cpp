@@ -25,10 +25,11 @@ constexpr std::string_view alignmentWord(RtfAlignment alignment) {
 
 class Writer {
 public:
-    [[nodiscard]] std::string write(const RtfDocument& document);
+    [[nodiscard]] std::string write(const RtfDocument& document, const RtfFormat& standing);
 
 private:
-    void writeTables(const RtfDocument& document);
+    void writeTables(const RtfDocument& document, const RtfFormat& standing);
+    void writeTableEntries(const RtfFormat& format, std::string& fonts, std::string& colors);
     void writeParagraph(const RtfParagraph& paragraph);
     void writeFormat(const RtfFormat& format);
     void writeToggle(std::string_view on, std::string_view off, bool fresh, bool before);
@@ -43,8 +44,8 @@ private:
     RtfFormat last_;
 };
 
-std::string Writer::write(const RtfDocument& document) {
-    writeTables(document);
+std::string Writer::write(const RtfDocument& document, const RtfFormat& standing) {
+    writeTables(document, standing);
     for (const RtfParagraph& each : document.paragraphs) {
         writeParagraph(each);
         out_ += "\\par\r\n";
@@ -53,38 +54,40 @@ std::string Writer::write(const RtfDocument& document) {
     return std::move(out_);
 }
 
-void Writer::writeTables(const RtfDocument& document) {
+void Writer::writeTables(const RtfDocument& document, const RtfFormat& standing) {
     std::string fonts;
     std::string colors;
-    std::swap(out_, fonts);
+    writeTableEntries(standing, fonts, colors);
     for (const RtfParagraph& each : document.paragraphs)
-        for (const RtfRun& run : each.runs) {
-            const RtfFormat& format = run.format;
-            const auto [font, fontIsNew] =
-                fonts_.try_emplace(format.typeface, static_cast<int>(fonts_.size()));
-            if (fontIsNew) {
-                writeWord("{\\f", font->second);
-                out_ += "\\fnil\\fcharset0 ";
-                writeText(format.typeface);
-                out_ += ";}";
-            }
-            const std::uint32_t color = format.color & 0xFFFFFFU;
-            if (colors_.try_emplace(color, static_cast<int>(colors_.size())).second) {
-                std::swap(out_, colors);
-                writeWord("\\red", color >> 16U);
-                writeWord("\\green", (color >> 8U) & 0xFFU);
-                writeWord("\\blue", color & 0xFFU);
-                out_ += ';';
-                std::swap(out_, colors);
-            }
-        }
-    std::swap(out_, fonts);
-    out_ = "{\\rtf1\\ansi\\ansicpg1252\\deff0";
-    out_ += "{\\fonttbl" + (fonts.empty() ? "{\\f0\\fnil\\fcharset0 ;}" : fonts) + "}\r\n";
-    out_ += "{\\colortbl ;" + colors + "}\r\n\\uc1\\plain\\f0\\fs24\r\n";
-    for (const auto& [name, number] : fonts_)
-        if (number == 0)
-            last_.typeface = name;
+        for (const RtfRun& run : each.runs)
+            writeTableEntries(run.format, fonts, colors);
+    out_ = "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl" + fonts + "}\r\n{\\colortbl ;" + colors +
+           "}\r\n\\uc1\\plain\\f0";
+    writeWord("\\fs", standing.halfPoints);
+    last_ = {.typeface = standing.typeface, .halfPoints = standing.halfPoints};
+    writeFormat(standing);
+    out_ += "\r\n";
+}
+
+void Writer::writeTableEntries(const RtfFormat& format, std::string& fonts, std::string& colors) {
+    const auto [font, fontIsNew] = fonts_.try_emplace(format.typeface, static_cast<int>(fonts_.size()));
+    if (fontIsNew) {
+        std::swap(out_, fonts);
+        writeWord("{\\f", font->second);
+        out_ += "\\fnil\\fcharset0 ";
+        writeText(format.typeface);
+        out_ += ";}";
+        std::swap(out_, fonts);
+    }
+    const std::uint32_t color = format.color & 0xFFFFFFU;
+    if (colors_.try_emplace(color, static_cast<int>(colors_.size())).second) {
+        std::swap(out_, colors);
+        writeWord("\\red", color >> 16U);
+        writeWord("\\green", (color >> 8U) & 0xFFU);
+        writeWord("\\blue", color & 0xFFU);
+        out_ += ';';
+        std::swap(out_, colors);
+    }
 }
 
 void Writer::writeParagraph(const RtfParagraph& paragraph) {
@@ -170,6 +173,8 @@ void Writer::writeUnicode(std::uint32_t value) {
 
 } // namespace
 
-std::string writeRtf(const RtfDocument& document) { return Writer{}.write(document); }
+std::string writeRtf(const RtfDocument& document, const RtfFormat& standing) {
+    return Writer{}.write(document, standing);
+}
 
 } // namespace klopfmeise

@@ -14,11 +14,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The machine's files on a share that takes no whole files while `voll`.
+/// The machine's files on a share that takes no whole files and gives none up while `voll`.
 class VolleAblage final : public AusfallendeDateien {
 public:
     bool writeAll(const std::wstring& path, std::string_view bytes) override {
         return !voll && AusfallendeDateien::writeAll(path, bytes);
+    }
+    bool removeFile(const std::wstring& path) override {
+        return !voll && AusfallendeDateien::removeFile(path);
     }
     bool voll = false;
 };
@@ -71,7 +74,7 @@ TEST_F(EigeneTexte, SelectingChoosesATextAndRewritesItInOneLook) {
     const RtfFormat schlicht{.typeface = L"Courier New", .halfPoints = 20};
     const RtfDocument einfach{{{{{L"Groß", schlicht}}}, {{{L"x", schlicht}}}}};
     EXPECT_EQ(box().document(), einfach);
-    EXPECT_EQ(dateiinhalt(text("Text_001.txt")), writeRtf(einfach));
+    EXPECT_EQ(dateiinhalt(text("Text_001.txt")), writeRtf(einfach, schlicht));
     EXPECT_EQ(box().selectionStart(), 7);
     EXPECT_EQ(b.caption(L"LblLänge"), L"Textlänge: 7 Zeichen");
     EXPECT_TRUE(sichtbar());
@@ -131,7 +134,15 @@ TEST_F(EigeneTexte, ANewTextIsEmptyAndTheClassTypesIt) {
     EXPECT_EQ(liste().selectedName(), L"Füchse.txt");
     EXPECT_EQ(b.caption(L"LblLänge"), L"Textlänge: 0 Zeichen");
     EXPECT_EQ(gewählt(), L"Füchse.txt");
-    b.user.type(L"neu");
+    // Nothing stands in it yet, but whoever types into it, in another program too, does so in its look.
+    std::string bytes = dateiinhalt(text("Füchse.txt"));
+    ASSERT_NE(bytes.find("\\par"), bytes.npos);
+    bytes.insert(bytes.find("\\par\r"), " x");
+    const RtfRun getippt{L"x", {.typeface = L"Courier New", .halfPoints = 20}};
+    EXPECT_EQ(readRtf(bytes).document, (RtfDocument{{{{getippt}}}}));
+    b.user.type(L"x");
+    EXPECT_EQ(box().document(), (RtfDocument{{{{getippt}}}}));
+    b.user.type(L"\bneu");
     EXPECT_EQ(zeichen("Füchse.txt"), L"neu");
     EXPECT_EQ(dateiinhalt(text("Text_001.txt")), alt);
     // Files know no case: the name of a text that is there empties that one.
@@ -214,6 +225,19 @@ TEST_F(EigeneTexte, WhatCannotBeReadWholeOrChosenIsToldAndNeverWritten) {
     neu(L"Kurz");
     b.user.type(L"y");
     EXPECT_EQ(zeichen("Kurz.txt"), L"y");
+    // Of a paste that is too long what fits is there, and the rest is told of until the next change.
+    b.user.paste(std::wstring(rtfMaxCharacters, L'z'));
+    EXPECT_EQ(box().text().size(), rtfMaxCharacters);
+    const std::wstring passteNicht =
+        L"Ein Text fasst höchstens 100.000 Zeichen. Was nicht hineinpasste, fehlt.";
+    EXPECT_EQ(b.caption(L"lblHinweis"), passteNicht);
+    b.user.pass(200);
+    b.user.strike(37);
+    EXPECT_EQ(b.caption(L"lblHinweis"), passteNicht);
+    b.user.type(L'\b');
+    EXPECT_EQ(b.caption(L"lblHinweis"), L"");
+    b.user.type(L"ab");
+    EXPECT_EQ(b.caption(L"lblHinweis"), passteNicht);
     EXPECT_EQ(dateiinhalt(text("Lang.txt")), lang);
     b.user.pressRow(liste(), 3);
     EXPECT_EQ(b.caption(L"lblHinweis"),
@@ -240,6 +264,10 @@ TEST_F(EigeneTexte, WhatCouldNotBeSavedStaysInTheBoxUntilItIs) {
         erwarteMeldung(b, MessageIcon::stop, L"Hinweis", bleibt);
         EXPECT_EQ(liste().selectedName() + box().text() + gewählt(), L"Text_001.txtHallo!Text_001.txt");
     }
+    // Nor is it lost when it cannot be deleted; one message is enough.
+    b.user.click(L"cmdTextLöschen");
+    erwarteMeldung(b, MessageIcon::stop, L"Hinweis",
+                   L"Der Text 'Text_001.txt' konnte nicht gelöscht werden.");
     // The choice of the same text is no reason to load the old one.
     b.user.pressRow(liste(), 0);
     EXPECT_EQ(box().text(), L"Hallo!");
@@ -248,6 +276,7 @@ TEST_F(EigeneTexte, WhatCouldNotBeSavedStaysInTheBoxUntilItIs) {
     EXPECT_EQ(b.caption(L"lblHinweis"), L"");
     EXPECT_EQ(zeichen("Text_001.txt"), L"Hallo!");
 
+    b.user.click(box());
     dateien.voll = true;
     b.user.type(L"?");
     b.backend.answers = {Answer::yes, Answer::no};

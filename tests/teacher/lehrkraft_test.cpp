@@ -125,6 +125,33 @@ TEST_F(Lehrkraft, NineOfManyClassesShow) {
     EXPECT_EQ(b.sound.played, std::vector<std::wstring>{L"knopf.wav"});
 }
 
+TEST_F(Lehrkraft, AFolderThatCannotBeReadIsToldOfInPlaceOfItsList) {
+    const auto unlesbar = [&] {
+        auto& label = b.control<Label>(L"lblUnlesbar");
+        return label.visible() ? label.caption() : L"";
+    };
+    const auto weg = b.ordner.pfad() / "Weg";
+    fs::rename(b.daten(), weg);
+    menü(L"Klassen");
+    EXPECT_EQ(unlesbar(), L"Die Datenablage kann gerade nicht gelesen werden.");
+    fs::rename(weg, b.daten());
+    menü(L"Klassen");
+    EXPECT_EQ(unlesbar() + liste().at(0), L"Hasen");
+    wählen();
+    for (const auto& [schalter, satz] :
+         {std::pair(1, L"Der Ordner der Klasse kann gerade nicht gelesen werden."),
+          std::pair(2, L"Die Datenablage kann gerade nicht gelesen werden.")}) {
+        fs::rename(b.daten(), weg);
+        b.user.click(L"cmd", schalter);
+        EXPECT_EQ(unlesbar(), satz);
+        fs::rename(weg, b.daten());
+        menü(L"Hauptmenü");
+        b.user.click(L"cmd", schalter);
+        EXPECT_EQ(unlesbar(), L"");
+        menü(L"Hauptmenü");
+    }
+}
+
 TEST_F(Lehrkraft, AClassIsMadeFromTheTemplateUnlessItsNameCannotBe) {
     anlegen(L"4b Füchse");
     EXPECT_EQ(dateiinhalt(gruppen() / "4b Füchse" / "KME.ein"), dateiinhalt(gruppen() / "kme.ein"));

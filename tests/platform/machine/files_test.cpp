@@ -16,7 +16,7 @@ protected:
     fs::path place(const std::string& name) const { return folder_.pfad() / name; }
     std::wstring path(const std::string& name) const { return logikpfad(place(name)); }
     Names list(std::wstring_view pattern) {
-        return files_.listFiles(logikpfad(folder_.pfad()) + L"\\", pattern);
+        return files_.listFiles(logikpfad(folder_.pfad()) + L"\\", pattern).value();
     }
     auto entries() const { return std::distance(fs::directory_iterator(folder_.pfad()), {}); }
     unsigned mode(const std::string& name) const {
