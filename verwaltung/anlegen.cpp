@@ -47,9 +47,10 @@ public:
         if (!ordner(pfad))
             return false;
         const auto unterordner = dateien_.listFolders(vorlage_ + pfad);
-        if (!unterordner)
+        const auto dateien = dateien_.listFiles(vorlage_ + pfad, L"*.*");
+        if (!unterordner || !dateien)
             return false;
-        for (const std::wstring& name : dateien_.listFiles(vorlage_ + pfad, L"*.*"))
+        for (const std::wstring& name : *dateien)
             if (!dateien_.isLink(vorlage_ + pfad + L"\\" + name) && !datei(pfad + L"\\" + name))
                 return false;
         for (const std::wstring& name : *unterordner)

@@ -150,7 +150,10 @@ private:
             neu.name = gesäubert(zeile);
             if (neu.name.empty())
                 return;
-            if (zeile.find_first_of(trennzeichen) != zeile.npos)
+            // One at the edge is left over from a table; one inside parts two things.
+            const auto anfang = zeile.find_first_not_of(L" \t");
+            const auto ende = zeile.find_last_not_of(L" \t");
+            if (zeile.substr(anfang, ende + 1 - anfang).find_first_of(trennzeichen) != zeile.npos)
                 neu.fehler = L"Die Zeile enthält ein Trennzeichen. Eine Liste mit Feldern braucht eine "
                              L"Überschrift wie Klasse;Name.";
         } else if (!felderAufnehmen(zeile, neu)) {

@@ -136,7 +136,8 @@ void fremdesPrüfen(Prüfung& prüfung, const Globale& global, const std::vector
     const std::wstring ordner = klassenordner(global);
     Files& dateien = prüfung.dateien();
     bool einstellungenDa = false;
-    for (const std::wstring& name : dateien.listFiles(ordner, L"*.*")) {
+    const auto namen = dateien.listFiles(ordner, L"*.*");
+    for (const std::wstring& name : namen.value_or(std::vector<std::wstring>())) {
         if (matches(name, Kontomuster))
             continue;
         if (!sameName(name, einstellungsdatei))
@@ -159,7 +160,8 @@ void fremdesPrüfen(Prüfung& prüfung, const Globale& global, const std::vector
                       .abhilfe = L"Den Ordner woandershin legen."};
         const std::wstring pfad = ordner + name;
         const auto innen = dateien.listFolders(pfad);
-        if (innen && innen->empty() && dateien.listFiles(pfad, L"*.*").empty() && !dateien.isLink(pfad)) {
+        const auto darin = dateien.listFiles(pfad, L"*.*");
+        if (innen && innen->empty() && darin && darin->empty() && !dateien.isLink(pfad)) {
             befund.tat = L"den leeren Ordner entfernen";
             befund.beheben = [&dateien, pfad] { return dateien.removeFolder(pfad); };
         }

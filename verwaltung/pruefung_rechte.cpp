@@ -35,7 +35,8 @@ std::wstring einenPrüfen(Prüfung& prüfung, const std::wstring& ordner, const 
 /// A folder in `darüber` with its files; what holds for what lies in it.
 std::wstring mitDateienPrüfen(Prüfung& prüfung, const std::wstring& darüber, const std::wstring& ordner) {
     const std::wstring gilt = einenPrüfen(prüfung, darüber, ordner);
-    for (const std::wstring& name : prüfung.dateien().listFiles(ordner, L"*.*"))
+    const auto namen = prüfung.dateien().listFiles(ordner, L"*.*");
+    for (const std::wstring& name : namen.value_or(std::vector<std::wstring>()))
         if (!prüfung.dateien().isLink(ordner + name))
             einenPrüfen(prüfung, gilt, ordner + name);
     return gilt;

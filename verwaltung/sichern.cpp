@@ -37,12 +37,13 @@ public:
         Files& dateien = ablage_.dateien();
         const std::wstring pfad = ablage_.global.Datenpfad + unterpfad;
         const auto unterordner = dateien.listFolders(pfad);
-        if (!unterordner) {
+        const auto namen = dateien.listFiles(pfad, L"*.*");
+        if (!unterordner || !namen) {
             ausgelassen(unterpfad, L"nicht lesbar");
             return;
         }
         aufnehmen(eintrag(unterpfad, true));
-        for (const std::wstring& name : dateien.listFiles(pfad, L"*.*"))
+        for (const std::wstring& name : *namen)
             if (!verknüpfung(unterpfad + L"\\" + name))
                 datei(unterpfad + L"\\" + name);
         for (const std::wstring& name : *unterordner)

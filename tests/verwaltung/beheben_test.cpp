@@ -35,7 +35,7 @@ TEST_F(Beheben, AnAccountIsMendedRecordByRecordAndWhatItWasIsPutAside) {
     const Lauf nein = b.rufen({"pruefen", ort, "--beheben"}, "n\nvielleicht\nnein\nkeine\n", true);
     EXPECT_EQ(nein.ausgang, Ausgang::beanstandet);
     EXPECT_EQ(b.rufen({"pruefen", ort, "--beheben"}, "j\nj\nj\nj\n", false).ausgang, Ausgang::beanstandet);
-    EXPECT_EQ(inhalt(mia), vorher);
+    EXPECT_TRUE(inhalt(mia) == vorher);
 
     // The lesson, not the pace, then the accuracy; the stage of lesson 30 shows only now.
     EXPECT_EQ(b.rufen({"pruefen", ort, "--beheben"}, "J\nn\n ja\nja\n", true).ausgang, Ausgang::beanstandet);
@@ -44,15 +44,15 @@ TEST_F(Beheben, AnAccountIsMendedRecordByRecordAndWhatItWasIsPutAside) {
     soll.replace(35 * 128, 10, "\2\0\0\0"s + vorher.substr(35 * 128 + 4, 6));
     EXPECT_EQ(b.satz("Hasen/Mia", Kontosatz::Genauigkeit), Wert(0.0));
     soll.replace(35 * 128, 10, inhalt(mia).substr(35 * 128, 10));
-    EXPECT_EQ(inhalt(mia), soll);
-    EXPECT_EQ(inhalt(beiseite + mia), vorher);
+    EXPECT_TRUE(inhalt(mia) == soll);
+    EXPECT_TRUE(inhalt(beiseite + mia) == vorher);
 
     const Lauf rest = b.rufen({"pruefen", ort, "--beheben", "--ja"});
     EXPECT_EQ(rest.ausgang, Ausgang::gut) << rest.aus;
     EXPECT_EQ(b.satz("Hasen/Mia", Kontosatz::Stufennummer), Wert(std::int16_t{3}));
     EXPECT_EQ(b.satz("Hasen/Mia", Kontosatz::Tempowert), Wert(std::int16_t{0}));
     EXPECT_EQ(b.satz("Hasen/Mia", Kontosatz::HighSteine), Wert(std::int16_t{321}));
-    EXPECT_EQ(inhalt(beiseite + mia), vorher);
+    EXPECT_TRUE(inhalt(beiseite + mia) == vorher);
 }
 
 TEST_F(Beheben, WhatIsMissingIsFilledInAndWhatIsThereStays) {
@@ -65,6 +65,7 @@ TEST_F(Beheben, WhatIsMissingIsFilledInAndWhatIsThereStays) {
     dateiSchreiben(b.daten() / "Data/Tastatur/Lektion8.txt", "eigene");
     fs::create_directories(b.daten() / "Gruppen/Hasen/Tom");
     fs::create_directories(b.daten() / "Gruppen/Hasen/Ida/innen");
+    fs::create_directory(b.ordner.pfad() / "Vorlage");
     fs::copy(b.daten() / "Data", b.ordner.pfad() / "Vorlage/Data", fs::copy_options::recursive);
     const std::string lektion = inhalt("Data/Tastatur/Lektion9.txt");
     for (const char* name : {"Lektion7.txt", "Lektion8.txt"})
@@ -74,10 +75,10 @@ TEST_F(Beheben, WhatIsMissingIsFilledInAndWhatIsThereStays) {
     std::string rest = neu;
     EXPECT_EQ(inhalt("Gruppen/Hasen/Rest._").substr(0, 12676),
               rest.replace(35 * 128, 4, "\2\0\x61\0"s).substr(0, 12676));
-    EXPECT_EQ(inhalt("Gruppen/Hasen/Leer._"), neu);
-    EXPECT_EQ(inhalt("Gruppen/Hasen/KME.ein"), inhalt("Gruppen/kme.ein"));
-    EXPECT_EQ(inhalt("Data/Tastatur/Lektion7.txt"), lektion);
-    EXPECT_EQ(inhalt("Data/Tastatur/Lektion8.txt"), lektion);
+    EXPECT_TRUE(inhalt("Gruppen/Hasen/Leer._") == neu);
+    EXPECT_TRUE(inhalt("Gruppen/Hasen/KME.ein") == inhalt("Gruppen/kme.ein"));
+    EXPECT_TRUE(inhalt("Data/Tastatur/Lektion7.txt") == lektion);
+    EXPECT_TRUE(inhalt("Data/Tastatur/Lektion8.txt") == lektion);
     EXPECT_EQ(inhalt(beiseite + "Data/Tastatur/Lektion8.txt"), "eigene");
     EXPECT_FALSE(fs::exists(b.daten() / "Gruppen/Hasen/Tom"));
     const Lauf danach = b.rufen({"pruefen", ort});
@@ -169,6 +170,10 @@ TEST_F(Anlegen, ANewFolderHasAllButTheClassesAndItsGroupMayWriteWhateverTheUmask
 }
 
 TEST_F(Anlegen, AFolderThatCannotBeFinishedIsTakenAwayAgain) {
+    const fs::path vorlage = b.ordner.pfad() / "Vorlage";
+    for (const char* pfad : {"Data/Tastatur/Lektion1.bmp", "Data/Texte/Text_001.txt", "Gruppen/kme.ein"})
+        dateiSchreiben(vorlage / pfad, inhalt(pfad));
+    worte = {"anlegen", ziel.string()};
     int fehlgeschlagen = 0;
     for (int n = 1;; ++n) {
         b.dateien.ausfallenBei(n);
@@ -180,7 +185,7 @@ TEST_F(Anlegen, AFolderThatCannotBeFinishedIsTakenAwayAgain) {
         EXPECT_EQ(fs::exists(ziel), lauf.ausgang == Ausgang::gut) << lauf.fehler;
         fs::remove_all(ziel);
     }
-    EXPECT_GT(fehlgeschlagen, 60) << "each of the copied files has failed once";
+    EXPECT_GT(fehlgeschlagen, 10);
     b.dateien.ausfallenBei(0);
     fs::remove_all(ziel);
     dateiSchreiben(ziel / "fremd", "x");
@@ -188,8 +193,8 @@ TEST_F(Anlegen, AFolderThatCannotBeFinishedIsTakenAwayAgain) {
     EXPECT_EQ(gemacht().size(), 1u);
     EXPECT_EQ(b.rufen({"anlegen", (b.daten() / "Neu").string(), "--vorlage", ort}).ausgang,
               Ausgang::beanstandet);
-    fs::remove(b.daten() / "Gruppen/kme.ein");
-    EXPECT_EQ(b.rufen({"anlegen", ziel.string() + "2", "--vorlage", ort}).ausgang, Ausgang::unzugänglich);
+    fs::remove(vorlage / "Gruppen/kme.ein");
+    EXPECT_EQ(b.rufen({"anlegen", ziel.string() + "2"}).ausgang, Ausgang::unzugänglich);
 }
 
 TEST_F(Beheben, TheCommandTellsByItsExitCodeHowItEnded) {

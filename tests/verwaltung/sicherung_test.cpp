@@ -30,7 +30,10 @@ TEST_F(Sicherung, WhatWasLostComesBackWithTarOrTheCommand) {
     b.kontoMachen("Igel Österreich/Jörg Übel");
     b.setzen("Igel Österreich/Jörg Übel", Kontosatz::Lektionsnummer, std::int16_t{12});
     dateiSchreiben(b.daten() / "Gruppen/Hasen/Mia/innen/Bild", std::string(513, 'x'));
-    dateiSchreiben(b.daten() / ("Gruppen/Hasen/" + std::string(120, 'l')), "langer Name");
+    // 101 bytes and more divide into two fields of the head.
+    for (const std::size_t länge : {80, 81, 82, 90, 98})
+        dateiSchreiben(b.daten() / "Gruppen/Hasen" / std::string(länge, 'p') / std::string(länge - 3, 'n'),
+                       "x");
     ASSERT_EQ(b.rufen({"sichern", ort, archiv.string()}).ausgang, Ausgang::gut);
     const std::string gesichert = dateiinhalt(archiv);
     EXPECT_EQ(b.rufen({"sichern", ort, archiv.string()}).ausgang, Ausgang::beanstandet);
@@ -47,7 +50,7 @@ TEST_F(Sicherung, WhatWasLostComesBackWithTarOrTheCommand) {
         fs::remove_all(b.daten() / teil);
     const Lauf lauf = b.rufen({"zurueckspielen", archiv.string(), ort});
     EXPECT_EQ(lauf.ausgang, Ausgang::gut) << lauf.fehler;
-    EXPECT_EQ(lauf.aus, "6 neu, 0 ersetzt, 1 unverändert, 0 nicht ersetzt.\n");
+    EXPECT_EQ(lauf.aus, "10 neu, 0 ersetzt, 1 unverändert, 0 nicht ersetzt.\n");
     EXPECT_EQ(b.alles(), vorher);
 
     ASSERT_EQ(b.rufen({"sichern", ort, b.ordner.pfad().string()}).ausgang, Ausgang::gut);
@@ -55,11 +58,16 @@ TEST_F(Sicherung, WhatWasLostComesBackWithTarOrTheCommand) {
               archivLesen(gesichert).einträge.size());
     dateiSchreiben(b.daten() / "Gruppen/.klopfmeise-1-0", "Entwurf");
     fs::create_symlink("/etc/passwd", b.konto("Hasen/Fremd"));
+    const std::string zuLang(101, 'l');
+    dateiSchreiben(b.daten() / "Gruppen/Hasen" / zuLang, "x");
     const Lauf mitVerknüpfung = b.rufen({"sichern", ort, archiv.string() + "2"});
     EXPECT_EQ(mitVerknüpfung.ausgang, Ausgang::beanstandet);
     EXPECT_EQ(mitVerknüpfung.fehler,
-              "klopfmeise-verwaltung: Nicht gesichert: Gruppen/Hasen/Fremd._, eine Verknüpfung.\n");
-    EXPECT_EQ(dateiinhalt(archiv.string() + "2").size(), gesichert.size());
+              "klopfmeise-verwaltung: Nicht gesichert: Gruppen/Hasen/Fremd._, eine Verknüpfung.\n"
+              "klopfmeise-verwaltung: Nicht gesichert: Gruppen/Hasen/" +
+                  zuLang + ", der Name ist zu lang.\n");
+    EXPECT_EQ(archivLesen(dateiinhalt(archiv.string() + "2")).einträge.size(),
+              archivLesen(gesichert).einträge.size());
 }
 
 TEST_F(Sicherung, WhatIsThereIsReplacedOnlyOnAYesAndKeptAside) {
