@@ -2,6 +2,7 @@
 
 #include <QElapsedTimer>
 #include <QKeyEvent>
+#include <QWheelEvent>
 #include <QWindow>
 
 namespace klopfmeise {
@@ -24,6 +25,14 @@ void strike(QWidget& in, int key, const QString& text, Qt::KeyboardModifiers mod
         QKeyEvent event(type, key, modifiers, text);
         QCoreApplication::sendEvent(in.window()->windowHandle(), &event);
     }
+    settle();
+}
+
+void turn(QWidget& over, int angle) {
+    const QPointF middle = over.rect().center();
+    QWheelEvent event(middle, over.mapToGlobal(middle), {}, {0, angle}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&over, &event);
     settle();
 }
 

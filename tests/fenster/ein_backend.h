@@ -13,6 +13,8 @@ QtBackend& toolkit();
 void settle();
 /// A key for the window of a widget, pressed and released; "" as `text` types nothing.
 void strike(QWidget& in, int key, const QString& text = {}, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+/// Turns the wheel over the middle of a widget; 120 is a notch.
+void turn(QWidget& over, int angle);
 
 /// A stage of the headless tests on that backend. Its forms go with it.
 template <class Stage, auto... Before>

@@ -5,6 +5,7 @@
 #include <QAccessible>
 #include <QFontDatabase>
 #include <QFontInfo>
+#include <QLineEdit>
 #include <QPaintEvent>
 
 namespace klopfmeise {
@@ -17,6 +18,13 @@ protected:
         öffnen(name);
         settle();
         return *runtime.loaded(name);
+    }
+    void lehrkraft(std::wstring_view name) {
+        öffnen(L"Lern1");
+        runtime.show(L"einst0");
+        global.AktuelleKlasse = L"Hasen\\";
+        runtime.show(name);
+        settle();
     }
     /// What assistive technology reads on a page.
     static std::map<QString, QAccessibleInterface*> vorlesen(QAccessibleInterface& page) {
@@ -118,7 +126,7 @@ TEST_F(FormenQt, TheTypingPageTellsWhatToTypeNext) {
     EXPECT_EQ(told + page->text(QAccessible::Name).toStdString(), "f j Leertaste ü");
 }
 
-TEST_F(FormenQt, aRepaintInAHandlerPaintsWhatChangedAndNotThePage) {
+TEST_F(FormenQt, ARepaintInAHandlerPaintsWhatChangedAndNotThePage) {
     struct Painted final : QObject {
         bool eventFilter(QObject*, QEvent* event) override {
             if (event->type() == QEvent::Paint)
@@ -129,18 +137,50 @@ TEST_F(FormenQt, aRepaintInAHandlerPaintsWhatChangedAndNotThePage) {
         int pixels = 0;
     } painted;
     Form& page = zeigen(L"Konto");
-    std::vector<Control*> controls;
-    alle(page, controls);
-    const auto label = std::ranges::find_if(
-        controls, [](Control* each) { return each->kind() == Kind::label && each->visible(); });
-    ASSERT_NE(label, controls.end());
-    static_cast<Label&>(**label).setCaption(L"x");
-    const QSize whole = viewOf(page).widget().size();
+    control<Label>(L"LblLektion").setCaption(L"x");
+    const QSize whole = widget(L"Konto").size();
     qApp->installEventFilter(&painted);
     page.repaint();
     qApp->removeEventFilter(&painted);
     EXPECT_GT(painted.pixels, 0);
     EXPECT_LT(painted.pixels, whole.width() * whole.height() / 4);
+}
+
+TEST_F(FormenQt, ANameThatIsThereIsSelectedSoThatTheNextOneTakesItsPlace) {
+    lehrkraft(L"einstTastatur");
+    user.click(L"cmdNeu");
+    settle();
+    auto& feld = control<TextBox>(L"Text1");
+    auto& box = static_cast<QLineEdit&>(widget(feld));
+    box.setFocus();
+    const auto wählt = [&](const char* text) {
+        for (const char* c = text; *c; ++c)
+            strike(box, *c == '\r' ? Qt::Key_Return : Qt::Key_X, QChar(*c));
+        return control<FileList>(L"File1").selectedName();
+    };
+    wählt("Mia\r");
+    EXPECT_EQ(box.selectedText(), QStringLiteral("Mia"));
+    // It stays selected while nothing is typed, and can be gone on with after an arrow key.
+    feld.repaint();
+    settle();
+    EXPECT_EQ(wählt("Ole\r"), L"Ole._");
+    wählt("Mia\r");
+    strike(box, Qt::Key_End);
+    feld.setFocus();
+    settle();
+    EXPECT_EQ(wählt("2\r"), L"Mia2._");
+}
+
+TEST_F(FormenQt, TheWheelOverTheClassesScrollsThem) {
+    for (int i = 0; i < 20; ++i)
+        fs::create_directory(daten() / "Gruppen" / ("Klasse " + std::to_string(10 + i)));
+    lehrkraft(L"einstKlassen");
+    for (const auto& [mal, winkel, oben] :
+         {std::tuple(0, 0, L"Hasen"), {1, -120, L"Klasse 12"}, {20, 120, L"Hasen"}}) {
+        for (int i = 0; i < mal; ++i)
+            turn(widget(control<Frame>(L"frmHaupt")), winkel);
+        EXPECT_EQ(caption(L"LblGruppe", 0), oben);
+    }
 }
 
 TEST(LessonPicture, KeepsItsOwnSizeOrIsAveragedWhenStretched) {

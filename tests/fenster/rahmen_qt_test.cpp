@@ -7,9 +7,9 @@
 #include <QListView>
 #include <QMdiArea>
 #include <QMenuBar>
+#include <QMouseEvent>
 #include <QScreen>
 #include <QScrollBar>
-#include <QWheelEvent>
 #include <QWindow>
 
 namespace klopfmeise {
@@ -97,12 +97,9 @@ protected:
         strike(frame(), key, QString::fromUtf8(text));
         return diary.take();
     }
-    std::string turned(QWidget& over, int angle) {
-        const QPointF middle = over.rect().center();
-        QWheelEvent event(middle, over.mapToGlobal(middle), {}, {0, angle}, Qt::NoButton, Qt::NoModifier,
-                          Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(&over, &event);
-        return happened();
+    std::string turned(const Control& control, int angle) {
+        turn(widget(control), angle);
+        return diary.take();
     }
 };
 
@@ -204,9 +201,9 @@ TEST_F(RahmenQt, WhatTheUserSetsIsHeardOnceAndWhatTheProgramSetsNever) {
         EXPECT_EQ(one().slider.value(), after);
     }
     // A notch of the wheel is the small step.
-    EXPECT_EQ(turned(widget(one().slider), -120), "slider");
-    EXPECT_EQ(turned(widget(one().slider), -60), "");
-    EXPECT_EQ(turned(widget(one().slider), -60), "slider");
+    EXPECT_EQ(turned(one().slider, -120), "slider");
+    EXPECT_EQ(turned(one().slider, -60), "");
+    EXPECT_EQ(turned(one().slider, -60), "slider");
     EXPECT_EQ(one().slider.value(), 28);
     for (int i = 0; i < 2; ++i)
         EXPECT_EQ(clicked(widget(one().list), {20, 5}), "list");

@@ -12,14 +12,7 @@ public:
     RichTextBox box{*this,
                     L"box",
                     {300, 300, 8000, 5000},
-                    {.change =
-                         [this] {
-                             diary.note("change");
-                             ++änderungen;
-                         },
-                     .overflow = [this] { übergelaufenBei = änderungen; }}};
-    int änderungen = 0;
-    int übergelaufenBei = 0;
+                    {.change = diary.noting("change"), .overflow = diary.noting("overflow")}};
 };
 
 /// An editor in a window of its own, on files of the test.
@@ -122,13 +115,11 @@ TEST_F(EditorQt, WhatNoKeyTypesAndWhatIsTooMuchDoesNotGetIn) {
     tippen("\r", Qt::Key_Return);
     EXPECT_EQ(box().text().size(), rtfMaxCharacters - 1);
     tippen("\r", Qt::Key_Return);
-    const int vorher = bogen().änderungen;
-    EXPECT_EQ(bogen().übergelaufenBei, vorher);
+    EXPECT_EQ(diary.take(), "change overflow");
     einfügen(QStringLiteral("bc"));
-    EXPECT_EQ(bogen().übergelaufenBei, vorher + 1) << "told behind the change";
-    bogen().übergelaufenBei = 0;
+    EXPECT_EQ(diary.take(), "change overflow") << "told behind the change";
     tippen("d");
-    EXPECT_EQ(bogen().übergelaufenBei, vorher + 1) << "nothing changed, but the key did not fit";
+    EXPECT_EQ(diary.take(), "overflow") << "nothing changed, but the key did not fit";
     EXPECT_EQ(box().text().size(), rtfMaxCharacters);
     EXPECT_TRUE(box().text().ends_with(L"a\r\nb"));
     EXPECT_EQ(edit->toPlainText().size(), static_cast<int>(rtfMaxCharacters) - 1);
