@@ -69,7 +69,8 @@ public:
     std::wstring search(const std::wstring& path) override { return echt_.search(path); }
     bool folderExists(const std::wstring& path) override { return echt_.folderExists(path); }
     bool isLink(const std::wstring& path) override { return echt_.isLink(path); }
-    std::vector<std::wstring> listFiles(const std::wstring& folder, std::wstring_view pattern) override {
+    std::optional<std::vector<std::wstring>> listFiles(const std::wstring& folder,
+                                                       std::wstring_view pattern) override {
         return echt_.listFiles(folder, pattern);
     }
     std::optional<std::vector<std::wstring>> listFolders(const std::wstring& folder) override {
