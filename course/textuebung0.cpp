@@ -5,6 +5,7 @@
 #include "screens/formnamen.h"
 #include "screens/zeichencodes.h"
 #include "store/einstellungsdatei.h"
+#include "store/texte.h"
 #include "store/textkonto.h"
 
 namespace klopfmeise {
@@ -25,7 +26,7 @@ void Textübung0::Form_Load() {
     Nullen();
     Textname = textnameLesen(umgebung_.dateien(), umgebung_.global);
     LblBib.setCaption(Textname);
-    text_.Text1.loadFile(umgebung_.global.Datenpfad + L"Data\\Texte\\" + Textname);
+    text_.Text1.loadFile(klassentext(umgebung_.global, Textname));
     Startaufstellung();
 }
 

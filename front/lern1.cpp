@@ -4,6 +4,7 @@
 #include "screens/formnamen.h"
 #include "screens/uebungen.h"
 #include "screens/zeichencodes.h"
+#include "store/klassen.h"
 #include "store/mdl_registry.h"
 #include "store/pfade.h"
 
@@ -79,6 +80,18 @@ void Lern1::Zurück() {
     frmSprache.hide();
 }
 
+void Lern1::kontenZeigen() {
+    const Globale& global = umgebung_.global;
+    const bool zugänglich = klasseZugänglich(umgebung_.dateien(), global, global.AktuelleKlasse);
+    File1.setPath(zugänglich ? klassenordner(global) : std::wstring());
+}
+
+std::array<bool, Übungszahl> Lern1::angebotDerKlasse() {
+    if (File1.path().empty())
+        return {};
+    return angebotLesen(umgebung_.dateien(), umgebung_.global);
+}
+
 void Lern1::Form_Activate() {
     Globale& global = umgebung_.global;
     klassen_.lesen();
@@ -93,12 +106,12 @@ void Lern1::Form_Activate() {
         frmKlasse.show();
         return;
     }
-    const auto angebot = angebotLesen(umgebung_.dateien(), global);
+    kontenZeigen();
+    const auto angebot = angebotDerKlasse();
     for (int i = 1; i <= Übungszahl; ++i)
         cmdÜbung(i).setEnabled(angebot[static_cast<std::size_t>(i) - 1]);
     frmSprache.show();
     fuß_.kindZeigen(global);
-    File1.setPath(klassenordner(global));
     cmdAllesZurück.show();
 }
 
@@ -108,7 +121,7 @@ void Lern1::LblGruppe_MouseDown(const std::wstring& klasse) {
     global.AktuelleKlasse = klasse + L"\\";
     fuß_.LblKlasse.setCaption(global.AktuelleKlasse);
     fuß_.LblKlasse.repaint();
-    File1.setPath(klassenordner(global));
+    kontenZeigen();
     txtKeineKonten.setFontPoints(16);
     txtKeineKonten.setFore(colors::midGrey);
     txtKeineKonten.setText(L"");
@@ -118,7 +131,7 @@ void Lern1::LblGruppe_MouseDown(const std::wstring& klasse) {
     frmNamen.repaint();
     if (global.KlasseGewaehlt != 1) {
         global.KlasseGewaehlt = 1;
-        const auto angebot = angebotLesen(umgebung_.dateien(), global);
+        const auto angebot = angebotDerKlasse();
         for (int i = 1; i <= Übungszahl; ++i) {
             const bool an = angebot[static_cast<std::size_t>(i) - 1];
             cmdÜbung(i).setPicture(cmdÜbungVorlage(an ? i : 0).picture());

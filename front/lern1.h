@@ -10,6 +10,9 @@
 #include "screens/fusszeile.h"
 #include "screens/klassenliste.h"
 #include "screens/umgebung.h"
+#include "store/einstellungsdatei.h"
+
+#include <array>
 
 namespace klopfmeise {
 
@@ -28,6 +31,10 @@ private:
     void Zurück();
     void ZugangsTest();
     void FußknöpfeZeigen(bool zeigen);
+    /// Lists the children of the chosen class. A folder that is a link may lie anywhere: it has none, and
+    /// nothing is on offer in it.
+    void kontenZeigen();
+    std::array<bool, Übungszahl> angebotDerKlasse();
 
     void LblGruppe_MouseDown(const std::wstring& klasse);
     void File1_MouseDown();

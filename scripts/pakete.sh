@@ -1,8 +1,11 @@
 # Debian packages by purpose; read by ./run and ./test.
 pakete_bauen="g++ cmake ninja-build qt6-base-dev libfontconfig-dev qt6-svg-dev pkg-config libpulse-dev fonts-liberation"
 pakete_wayland="qt6-wayland" # where there is no X server beside it
+pakete_paket="dpkg-dev file binutils lintian desktop-file-utils appstream man-db"
+pakete_probe="debootstrap xvfb xdotool x11-utils x11-xkb-utils xkb-data imagemagick" # the package on a bare system
 pakete_testen="git libgtest-dev libbenchmark-dev clang-format clang libclang-rt-14-dev \
-xvfb openbox xdotool x11-utils x11-xkb-utils xkb-data imagemagick pulseaudio pulseaudio-utils python3"
+hunspell hunspell-de-de xvfb openbox xdotool x11-utils x11-xkb-utils xkb-data imagemagick pulseaudio pulseaudio-utils python3 \
+python3-tk x11-xserver-utils strace"
 
 # Installs what is missing of the packages named; where that is not allowed, prints the one line that does it and stops.
 installieren() {

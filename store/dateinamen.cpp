@@ -29,6 +29,13 @@ bool gerätename(std::wstring_view name) {
 
 } // namespace
 
+bool führtHinaus(std::wstring_view name) {
+    // A path ends at a zero.
+    constexpr std::wstring_view trennend(L"\\/\0", 3);
+    return name.empty() || name == L"." || name == L".." ||
+           name.find_first_of(trennend) != std::wstring_view::npos;
+}
+
 bool zulässigerName(std::wstring_view name) {
     return name.find_first_not_of(L' ') != std::wstring_view::npos && name.front() != L'.' &&
            name.back() != L'.' && name.back() != L' ' && std::ranges::none_of(name, verboten) &&

@@ -11,6 +11,14 @@ namespace klopfmeise {
 /// never leads out of its folder.
 bool zulässigerName(std::wstring_view name);
 
+/// True if a path with this name in it would lead out of the name's folder, or end too early. Names that come
+/// from a disk or a file may be odd, but not that.
+bool führtHinaus(std::wstring_view name);
+
+/// Characters that a name may have where it is typed: those of a class, those of an account.
+inline constexpr int längsterKlassenname = 15;
+inline constexpr int längsterKontoname = 20;
+
 /// What is wrong about other names, as a sentence for the user.
 inline constexpr const wchar_t* namensregeln =
     L"Ein Name darf nicht leer sein, nicht mit einem Punkt beginnen, nicht mit einem Punkt oder Leerzeichen "

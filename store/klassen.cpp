@@ -18,11 +18,6 @@ std::wstring ordnerVon(const Globale& global, const std::wstring& name) {
     return gruppenordner(global) + name + L"\\";
 }
 
-/// A folder of another system may bear such a name.
-bool führtHinaus(const std::wstring& name) {
-    return name.empty() || name == L"." || name == L".." || name.find_first_of(L"\\/") != std::wstring::npos;
-}
-
 } // namespace
 
 std::wstring gruppenordner(const Globale& global) { return global.Datenpfad + L"Gruppen\\"; }

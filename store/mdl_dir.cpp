@@ -3,8 +3,6 @@
 #include "platform/values/text.h"
 #include "store/mdl_registry.h"
 
-#include <algorithm>
-#include <array>
 #include <string_view>
 
 namespace klopfmeise {
@@ -32,13 +30,17 @@ std::wstring DatenablageLesen(Services& dienste) {
     return mitBackslash(dienste.files.entered(wert));
 }
 
+std::vector<std::wstring> fehlendeMarken(Files& dateien, const std::wstring& ordner) {
+    std::vector<std::wstring> fehlend{L"Gruppen\\kme.ein", L"Data\\Tastatur\\Lektion1.bmp",
+                                      L"Data\\Texte\\Text_001.txt"};
+    std::erase_if(fehlend, [&](const auto& marke) { return DateiVorhanden(dateien, ordner + marke); });
+    return fehlend;
+}
+
 bool zulässigeDatenablage(Files& dateien, const std::wstring& ordner) {
-    constexpr std::array marken{L"Gruppen\\kme.ein", L"Data\\Tastatur\\Lektion1.bmp",
-                                L"Data\\Texte\\Text_001.txt"};
     constexpr std::size_t kürzester = 4;
-    return std::ranges::all_of(
-               marken, [&](const wchar_t* marke) { return DateiVorhanden(dateien, ordner + marke); }) &&
-           ordner.size() >= kürzester && dateien.folderExists(ordner);
+    return fehlendeMarken(dateien, ordner).empty() && ordner.size() >= kürzester &&
+           dateien.folderExists(ordner);
 }
 
 bool schreibprobe(Files& dateien, const std::wstring& ordner) {

@@ -3,6 +3,7 @@
 #include "platform/machine/services.h"
 
 #include <string>
+#include <vector>
 
 namespace klopfmeise {
 
@@ -18,6 +19,10 @@ std::wstring mitBackslash(std::wstring pfad);
 /// The data folder as the machine-wide value names it: its last character dropped (a terminator or the
 /// closing backslash), then a backslash appended where none ends it. "\" where the value is missing.
 std::wstring DatenablageLesen(Services& dienste);
+
+/// Which of the files that mark a data folder are missing, with their paths in it. `ordner` with its closing
+/// backslash.
+std::vector<std::wstring> fehlendeMarken(Files& dateien, const std::wstring& ordner);
 
 /// Whether a folder, given with its closing backslash, can be the data folder: the three marker files, four
 /// characters at the least, and a directory.

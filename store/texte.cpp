@@ -29,6 +29,10 @@ bool textZugänglich(Files& dateien, const Globale& global, const std::wstring& 
     return !dateien.isLink(textpfad(global, name));
 }
 
+std::wstring klassentext(const Globale& global, const std::wstring& name) {
+    return führtHinaus(name) ? std::wstring() : textpfad(global, name);
+}
+
 std::optional<std::wstring> textAnlegen(Files& dateien, const Globale& global, const std::wstring& name) {
     const std::wstring datei = name + L".txt";
     const std::wstring pfad = textpfad(global, datei);

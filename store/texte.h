@@ -28,6 +28,10 @@ std::vector<std::wstring> texteAuflisten(Files& dateien, const Globale& global);
 /// nor written.
 bool textZugänglich(Files& dateien, const Globale& global, const std::wstring& name);
 
+/// The path of the text that the settings of a class name; empty for a name that leads out of the folder.
+/// Those settings lie where others can write them.
+std::wstring klassentext(const Globale& global, const std::wstring& name);
+
 /// Makes an empty text from a name without the ending; one that is there is emptied. Its name as the folder
 /// spells it, or none if no text can bear that name or nothing could be written.
 std::optional<std::wstring> textAnlegen(Files& dateien, const Globale& global, const std::wstring& name);

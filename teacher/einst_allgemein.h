@@ -9,6 +9,7 @@
 #include "platform/forms/form.h"
 #include "screens/uebungen.h"
 #include "screens/umgebung.h"
+#include "store/dateinamen.h"
 
 #include <string>
 
@@ -45,7 +46,7 @@ private:
     TextBox txtUmbenennen{Frame4,
                           L"txtUmbenennen",
                           {210, 420, 4215, 330},
-                          {.maxLength = 15,
+                          {.maxLength = längsterKlassenname,
                            .spoken = L"Neuer Name der Gruppe",
                            .keys = {.press = [this](KeyPress& taste) { txtUmbenennen_KeyPress(taste); }}}};
     Button cmdUmbenennenOK{Frame4,

@@ -6,6 +6,7 @@
 #include "platform/controls/text_box.h"
 #include "platform/forms/form.h"
 #include "screens/klassenliste.h"
+#include "store/dateinamen.h"
 
 namespace klopfmeise {
 
@@ -66,7 +67,7 @@ private:
     TextBox txtNeueGruppe{frmNeueGruppe,
                           L"txtNeueGruppe",
                           {945, 2520, 3480, 315},
-                          {.maxLength = 15,
+                          {.maxLength = längsterKlassenname,
                            .spoken = L"Name der neuen Gruppe",
                            .keys = {.press = [this](KeyPress& taste) { txtNeueGruppe_KeyPress(taste); }}}};
     Button cmdNeueGruppeOk{frmNeueGruppe,

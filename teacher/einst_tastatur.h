@@ -10,6 +10,7 @@
 #include "platform/forms/form.h"
 #include "platform/forms/timer.h"
 #include "screens/bildknopf.h"
+#include "store/dateinamen.h"
 #include "store/pfade.h"
 
 #include <optional>
@@ -106,7 +107,7 @@ private:
     TextBox Text1{frmNeuesKind,
                   L"Text1",
                   {105, 555, 1905, 330},
-                  {.maxLength = 20,
+                  {.maxLength = längsterKontoname,
                    .spoken = L"Name für neues Konto",
                    .keys = {.press = [this](KeyPress& taste) { Text1_KeyPress(taste); }}}};
     Button cmdText1Ok{frmNeuesKind, L"cmdText1Ok", {105, 945, 1905, 375}, {.caption = L"Ok", .click = [this] {

@@ -33,6 +33,15 @@ public:
     }
     /// What it was that failed, or that something came before.
     Vorgang ausfall() const { return ausfall_; }
+    /// Calls `tun` with every operation failing in turn, until it ends before one fails; then none fails.
+    template <class Tun>
+    void jederVorgang(Tun tun) {
+        do {
+            ausfallenBei(++nummer_);
+            tun(nummer_);
+        } while (ausfall_ != Vorgang::keiner);
+        ausfallenBei(nummer_ = 0);
+    }
 
     std::unique_ptr<RecordFile> openRecords(const std::wstring& path) override {
         if (trifft(Vorgang::öffnen))
@@ -104,6 +113,7 @@ private:
 
     PosixFiles echt_;
     int rest_;
+    int nummer_ = 0;
     Störung störung_;
     Vorgang ausfall_ = Vorgang::keiner;
     std::function<void()> dazwischen_;

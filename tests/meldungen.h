@@ -1,10 +1,26 @@
 #pragma once
 
-#include "tests/texte.h"
+#include "tests/probe.h"
 
-#include <gtest/gtest.h>
+#include <sstream>
 
 namespace klopfmeise {
+
+/// The one text of tests/texte.txt that begins like this, whole. There stand the messages and help texts that
+/// are too long for a test, "\n" for a line break.
+inline std::wstring ganz(std::wstring_view anfang) {
+    std::istringstream zeilen(dateiinhalt(KLOPFMEISE_QUELLEN "/tests/texte.txt"));
+    std::wstring gefunden;
+    for (std::string zeile; std::getline(zeilen, zeile);)
+        if (std::wstring text = fromUtf8(zeile); text.starts_with(anfang)) {
+            EXPECT_EQ(gefunden, L"") << "more than one text begins like this";
+            for (auto at = text.find(L"\\n"); at != std::wstring::npos; at = text.find(L"\\n", at))
+                text.replace(at, 2, L"\n");
+            gefunden = text;
+        }
+    EXPECT_NE(gefunden, L"") << "no text begins like " << toUtf8(anfang);
+    return gefunden;
+}
 
 /// Expects that exactly this message box has been shown, with OK as its only button, and takes it away.
 inline void erwarteMeldung(Bühne& b, MessageIcon zeichen, std::wstring_view titel, std::wstring_view text) {

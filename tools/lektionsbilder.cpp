@@ -85,8 +85,8 @@ Wissen lerne(const Kurslektion& lektion, int nummer, std::set<int> bekannt) {
                                      qt(eintrag).toStdString());
         wissen.neu.insert(taste);
         wissen.neueZeichen.insert(zeichen);
-        if (liegtAufAltGr(klopfmeise::taste(taste), zeichen))
-            wissen.bekannt.insert(TasteAltGr);
+        if (liegtAufAltGr(klopfmeise::taste(taste), zeichen) && !wissen.bekannt.contains(TasteAltGr))
+            wissen.neu.insert(TasteAltGr);
     }
     if (nummer == 1)
         wissen.neu.insert({TasteLeer, TasteEingabe});
@@ -171,7 +171,7 @@ private:
             return std::ranges::any_of(zeichen, [&](wchar_t z) { return neueZeichen.contains(z); });
         };
         if (legende.umschalt.empty() && !neu(legende.altGr)) {
-            schreibe(maler, platz, Qt::AlignCenter, legende.haupt, 28, true);
+            schreibe(maler, platz, Qt::AlignCenter, legende.haupt, legende.haupt.size() > 1 ? 17 : 28, true);
             if (legende.haupt == L"F" || legende.haupt == L"J") {
                 maler.setPen(QPen(farbe(Tinte), 2.5, Qt::SolidLine, Qt::RoundCap));
                 maler.drawLine(platz.center() + QPointF(-6, 15), platz.center() + QPointF(6, 15));
@@ -229,6 +229,8 @@ private:
         }
         if (neueTasten.contains(TasteUmschaltLinks))
             leuchtend.insert({1, 10});
+        if (neueTasten.contains(TasteAltGr))
+            leuchtend.insert({5, 6});
         // Downwards, because the round mark 5 lies on the thumb 6.
         for (auto f = leuchtend.rbegin(); f != leuchtend.rend(); ++f)
             zeichneSvg(maler, fingerbilder[static_cast<std::size_t>(*f - 1)], imBild(fingerbild(*f)));

@@ -142,7 +142,8 @@ std::optional<std::vector<std::wstring>> list(const std::wstring& path, bool fol
     if (!folder)
         return std::nullopt;
     while (const dirent* entry = ::readdir(folder.get())) {
-        if (entry->d_name[0] == '.')
+        // In a path of the logic a backslash parts two names: it would lead elsewhere.
+        if (entry->d_name[0] == '.' || std::string_view(entry->d_name).find('\\') != std::string_view::npos)
             continue;
         bool isFolder = entry->d_type == DT_DIR;
         bool isOther = entry->d_type != DT_DIR && entry->d_type != DT_REG;
@@ -166,16 +167,17 @@ std::optional<std::vector<std::wstring>> list(const std::wstring& path, bool fol
 
 std::unique_ptr<RecordFile> PosixFiles::openRecords(const std::wstring& path) {
     const std::string place = machinePath(path);
-    Descriptor file = openFound(place, O_RDWR);
+    // A link may lead out of the folder.
+    Descriptor file = openFound(place, O_RDWR | O_NOFOLLOW);
     if (!file && errno == ENOENT) {
         const std::string missing = resolved(place);
         file = makeFile(missing, O_RDWR, rightsForFileIn(folderOf(missing)));
         // Another machine may have made it since.
         if (!file && errno == EEXIST)
-            file = openFound(missing, O_RDWR);
+            file = openFound(missing, O_RDWR | O_NOFOLLOW);
     }
     if (!file && (errno == EACCES || errno == EROFS || errno == EPERM)) {
-        file = openFound(place, O_RDONLY);
+        file = openFound(place, O_RDONLY | O_NOFOLLOW);
         if (!file || !isFile(file))
             return nullptr;
     }

@@ -111,6 +111,13 @@ std::size_t dataEnd(std::wstring_view data) {
     return item.find_last_not_of(blanks) + 1;
 }
 
+/// What stays behind the data of a line that takes another value: a comment, blanks included. Anything else
+/// there would be part of the new value.
+std::wstring_view commentBehind(std::wstring_view data) {
+    const auto rest = data.substr(dataEnd(data));
+    return trimmed(rest).starts_with(L';') ? rest : std::wstring_view();
+}
+
 /// Hexadecimal digits, up to `highest`.
 std::optional<std::uint32_t> hexNumber(std::wstring_view digits, std::uint32_t highest) {
     const std::string plain = toWindows1252(trimmed(digits));
@@ -251,11 +258,15 @@ RegText::RegText(std::string_view bytes) {
             last.raw += raw;
             last.text.pop_back();
             last.text += trimmed(text);
+            more = text.ends_with(L'\\');
         } else {
             lines_.push_back({std::move(raw), std::move(text)});
+            more = goesOn(lines_.back().text);
         }
-        more = goesOn(lines_.back().text);
     }
+    open_ = more;
+    if (open_)
+        lines_.back().text.pop_back();
 }
 
 std::wstring RegText::decoded(std::string_view bytes) const {
@@ -309,8 +320,18 @@ std::string RegText::encoded(std::wstring_view text) const {
 RegText::Line RegText::line(const std::wstring& text) const { return {encoded(text + lineEnd_), text}; }
 
 void RegText::insert(std::size_t at, const std::wstring& text) {
-    if (at > 0 && !lines_[at - 1].raw.ends_with(encoded(L"\n")))
+    const std::string end = encoded(L"\n");
+    if (at > 0) {
+        std::string& before = lines_[at - 1].raw;
+        // A file that was cut may end with half a character.
+        before.resize(before.size() - before.size() % end.size());
+        if (!before.ends_with(end))
+            before += encoded(lineEnd_);
+    }
+    // What comes now must not be taken for the rest of the line before: an empty one is.
+    if (open_ && at == lines_.size())
         lines_[at - 1].raw += encoded(lineEnd_);
+    open_ = open_ && at < lines_.size();
     lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(at), line(text));
 }
 
@@ -387,6 +408,7 @@ void RegText::set(std::wstring_view key, std::wstring_view name, const Registry:
             continue;
         if (done) {
             // A second line of the same name would count in place of the first.
+            open_ = open_ && at + 1 < lines_.size();
             lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(at--));
             continue;
         }
@@ -395,8 +417,12 @@ void RegText::set(std::wstring_view key, std::wstring_view name, const Registry:
         const auto before = parsedValue(old->data);
         if (before && before->type == value.type && before->bytes == value.bytes)
             continue;
-        const std::wstring text =
-            std::wstring(old->head) + writtenData(value) + std::wstring(old->data.substr(dataEnd(old->data)));
+        std::wstring text =
+            std::wstring(old->head) + writtenData(value) + std::wstring(commentBehind(old->data));
+        // Behind bytes a backslash at the end would take the next line in.
+        while (goesOn(text))
+            text.pop_back();
+        open_ = open_ && at + 1 < lines_.size();
         // The last of its lines keeps its end, or has none at the end of the file.
         const std::wstring whole = decoded(there.raw);
         const auto content = static_cast<std::size_t>(
@@ -411,6 +437,10 @@ std::string RegText::bytes() const {
     std::string all = mark_;
     for (const Line& line : lines_)
         all += line.raw;
+    // Without what made it none before, the rest may look like UTF-8, and would be read as that.
+    const bool ascii = std::ranges::all_of(all, [](char byte) { return (byte & 0x80) == 0; });
+    if (encoding_ == RegEncoding::windows1252 && !ascii && isUtf8(all))
+        return toUtf8(fromWindows1252(all));
     return all;
 }
 

@@ -47,6 +47,8 @@ private:
     std::string mark_;
     std::wstring lineEnd_ = L"\r\n";
     std::vector<Line> lines_;
+    /// The last line says that it goes on, and the file ends there.
+    bool open_ = false;
 };
 
 } // namespace klopfmeise

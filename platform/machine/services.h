@@ -58,7 +58,7 @@ class Files {
 public:
     virtual ~Files() = default;
     /// Opens for reading and writing and creates a missing file; a file that can only be read is opened for
-    /// reading. Null if there is no such folder or the name is no file.
+    /// reading. Null if there is no such folder or the name is no file or a link.
     virtual std::unique_ptr<RecordFile> openRecords(const std::wstring& path) = 0;
     /// The whole file, at most `limit` bytes of it; no value if it cannot be read.
     virtual std::optional<std::string> readAll(const std::wstring& path, std::size_t limit) = 0;

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 namespace klopfmeise {
@@ -27,8 +29,28 @@ bool written(Descriptor& file, std::string_view bytes) {
     return file.close() && arrived;
 }
 
+/// Puts a draft in the place of the file that is there. An SMB share refuses to replace a file that is open
+/// somewhere on this machine, and its client has taken that file away by then: the name comes free once it is
+/// closed, and only then is there a file of this name again. Of another refusal the file that is there knows
+/// nothing.
+Placed renamed(const std::string& draft, const std::string& place, bool there) {
+    using namespace std::chrono_literals;
+    constexpr auto pause = 50ms;
+    constexpr int attempts = 40;
+    for (int i = 1;; ++i) {
+        if (std::rename(draft.c_str(), place.c_str()) == 0)
+            return Placed::yes;
+        if (!isRefusal(errno))
+            return Placed::no;
+        if (!there || i == attempts || Descriptor(::open(place.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) ||
+            errno != ENOENT)
+            return Placed::refused;
+        std::this_thread::sleep_for(pause);
+    }
+}
+
 /// Writes a new file beside `place` and renames it. Its leading dot keeps it out of all lists meanwhile.
-Placed putInPlace(const std::string& place, std::string_view bytes, const Rights& rights) {
+Placed putInPlace(const std::string& place, bool there, std::string_view bytes, const Rights& rights) {
     constexpr int attempts = 100;
     const std::string beginning =
         folderOf(place) + "/" + std::string(draftBeginning) + std::to_string(::getpid()) + "-";
@@ -43,14 +65,9 @@ Placed putInPlace(const std::string& place, std::string_view bytes, const Rights
     }
     if (!file)
         return isRefusal(errno) ? Placed::refused : Placed::no;
-    if (!written(file, bytes)) {
+    const Placed result = written(file, bytes) ? renamed(name, place, there) : Placed::no;
+    if (result != Placed::yes)
         ::unlink(name.c_str());
-        return Placed::no;
-    }
-    if (std::rename(name.c_str(), place.c_str()) == 0)
-        return Placed::yes;
-    const Placed result = isRefusal(errno) ? Placed::refused : Placed::no;
-    ::unlink(name.c_str());
     return result;
 }
 
@@ -82,17 +99,23 @@ std::optional<std::string> readWhole(const Descriptor& file, std::size_t limit) 
 }
 
 bool replaceFile(const std::string& place, std::string_view bytes, const Rights& rights) {
-    Descriptor old(::open(place.c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK));
+    // Not open while it is replaced: see `renamed`.
+    const auto open = [&] { return Descriptor(::open(place.c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK)); };
+    Descriptor old = open();
     if (old ? !isFile(old) : errno != ENOENT)
         return false;
+    const bool there = static_cast<bool>(old);
+    old.close();
     // A link stays one: what it points to is replaced.
     std::error_code failed;
-    const std::string target = old ? std::filesystem::canonical(place, failed).string() : place;
-    const Placed placed = failed ? Placed::refused : putInPlace(target, bytes, rights);
+    const std::string target = there ? std::filesystem::canonical(place, failed).string() : place;
+    const Placed placed = failed ? Placed::refused : putInPlace(target, there, bytes, rights);
     if (placed != Placed::refused)
         return placed == Placed::yes;
-    if (old)
-        return writeOver(old, bytes);
+    if (there) {
+        old = open();
+        return old && isFile(old) && writeOver(old, bytes);
+    }
     Descriptor made = makeFile(place, O_RDWR, rights);
     if (!made)
         return false;

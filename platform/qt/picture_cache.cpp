@@ -1,6 +1,7 @@
 #include "platform/qt/picture_cache.h"
 
 #include "platform/machine/services.h"
+#include "platform/qt/picture_file.h"
 #include "platform/qt/qt_text.h"
 
 #include <QPainter>
@@ -15,7 +16,6 @@ namespace {
 
 /// Bytes of pictures kept although no form shows them.
 constexpr qsizetype sparePictures = 4 * 1024 * 1024;
-constexpr std::size_t longestPictureFile = 64U * 1024U * 1024U;
 
 bool opaque(const QImage& image) {
     for (int y = 0; y < image.height(); ++y) {
@@ -57,23 +57,10 @@ Image rendered(const std::wstring& name, const QSize& size) {
     return finished(std::move(image));
 }
 
-/// With a zoom the picture keeps its own size, in unzoomed pixels, and what lies beyond `size` is cut off.
 Image read(const std::wstring& path, const QSize& size, double ownSizeZoom, Files& files) {
-    const auto bytes = files.readAll(path, longestPictureFile);
-    if (!bytes)
-        return {};
-    QImage image =
-        QImage::fromData(reinterpret_cast<const uchar*>(bytes->data()), static_cast<int>(bytes->size()));
-    if (image.isNull())
-        return {};
-    const QSize wanted = ownSizeZoom > 0 ? (QSizeF(image.size()) * ownSizeZoom).toSize() : size;
-    if (image.size() != wanted) {
-        // Pictures with a palette are not averaged.
-        image.convertTo(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
-        image = image.scaled(wanted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    }
-    const QRect shown = image.rect() & QRect(QPoint(), size);
-    return finished(shown == image.rect() ? std::move(image) : image.copy(shown));
+    // One byte more than is taken tells a file that is too long.
+    const auto bytes = files.readAll(path, longestPictureFile + 1);
+    return bytes ? finished(pictureIn(*bytes, size, ownSizeZoom)) : Image();
 }
 
 } // namespace

@@ -1,11 +1,8 @@
 #include "tests/fenster/ein_backend.h"
 
-#include "platform/forms/form_runtime.h"
-
-#include <gtest/gtest.h>
-
 #include <QElapsedTimer>
 #include <QKeyEvent>
+#include <QWheelEvent>
 #include <QWindow>
 
 namespace klopfmeise {
@@ -14,7 +11,7 @@ namespace {
 QtBackend* backendOfMain = nullptr;
 }
 
-QtBackend& backend() { return *backendOfMain; }
+QtBackend& toolkit() { return *backendOfMain; }
 
 void settle() {
     QElapsedTimer time;
@@ -31,9 +28,11 @@ void strike(QWidget& in, int key, const QString& text, Qt::KeyboardModifiers mod
     settle();
 }
 
-void unloadAll(FormRuntime& runtime) {
-    for (const auto name : runtime.names())
-        runtime.unload(name);
+void turn(QWidget& over, int angle) {
+    const QPointF middle = over.rect().center();
+    QWheelEvent event(middle, over.mapToGlobal(middle), {}, {0, angle}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&over, &event);
     settle();
 }
 

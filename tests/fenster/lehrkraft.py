@@ -99,6 +99,12 @@ def lehrkraft(breite, höhe):
         warte(lambda: "1234" in (schirm.ordner / "maschine.reg").read_text("cp1252") or
               "31,32,33,34" in (schirm.ordner / "maschine.reg").read_text("cp1252"), "der Code ist geschrieben")
         l.foto("38_code")
+        for taste in ("alt+d", "Down", "Return"):
+            l.taste(taste)
+        l.vorn("Datenablage")
+        l.foto("40_datenablage")
+        l.taste("alt+F4")
+        l.vorn("Einstellungsmodus")
         l.taste("alt+F4")
         l.k.warte_auf("Klassenliste")
         # The child's side obeys: the class by its new name, Ben behind Anna, the game closed, the new text.

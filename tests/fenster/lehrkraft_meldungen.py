@@ -209,7 +209,6 @@ def meldungen(breite, höhe):
         for taste in ("Down", "Return"):
             l.taste(taste)
         pfad = l.vorn("Datenablage")
-        l.foto("78_datenablage")
         l.klick_in(pfad, 1400, 1710)
         l.meldung("Datenablage", "79_datenablage_warnung", über=pfad)
         l.klick_in(pfad, 1400, 3360)

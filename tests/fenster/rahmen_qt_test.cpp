@@ -1,18 +1,15 @@
-#include "platform/controls/visit.h"
 #include "platform/qt/frame_window.h"
-#include "platform/qt/qt_text.h"
-#include "tests/buehne.h"
 #include "tests/fenster/ein_backend.h"
-#include "tests/platform/diary.h"
-
-#include <gtest/gtest.h>
 
 #include <QAbstractButton>
 #include <QAbstractSlider>
+#include <QAccessible>
+#include <QListView>
 #include <QMdiArea>
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QScreen>
+#include <QScrollBar>
 #include <QWindow>
 
 namespace klopfmeise {
@@ -32,30 +29,30 @@ public:
         moveTo(100, 100);
         code.setFocus();
     }
-    CheckLook check(const std::string& event) { return {.caption = L"Wahl", .click = diary.noting(event)}; }
-    KeyHandlers digits() {
-        return {.press = [this](KeyPress& key) {
-            diary.note("key");
-            key.swallowed = key.character < L'0' || key.character > L'9';
-        }};
+    CheckLook check(const std::string& event) {
+        return {.caption = L"Eine Wahl in zwei Zeilen", .click = diary.noting(event)};
     }
+    KeyHandlers digits{.press = [this](KeyPress& key) {
+        diary.note("key");
+        key.swallowed = key.character < L'0' || key.character > L'9';
+    }};
 
-    TextBox code{*this, L"code", {150, 150, 3000, 375}, {.keys = digits(), .change = diary.noting("code")}};
-    Slider slider{
-        *this, L"slider", {150, 600, 3000, 435}, {.min = 1, .max = 9, .change = diary.noting("slider")}};
+    TextBox code{*this, L"code", {150, 150, 3000, 375}, {.keys = digits, .change = diary.noting("code")}};
+    Slider slider{*this,
+                  L"slider",
+                  {150, 600, 3000, 435},
+                  {.min = 1, .max = 30, .smallStep = 1, .largeStep = 5, .change = diary.noting("slider")}};
     Frame group{*this, L"group", {150, 1200, 3000, 900}, {.caption = L"Gruppe"}};
-    OptionButton first{group, L"first", {100, 300, 1300, 300}, check("first")};
-    OptionButton second{group, L"second", {1500, 300, 1300, 300}, check("second")};
+    OptionButton first{group, L"first", {100, 300, 1400, 500}, check("first")};
+    OptionButton second{group, L"second", {1500, 300, 1400, 500}, check("second")};
     CheckBox box{*this, L"box", {150, 2250, 3000, 300}, check("box")};
     FolderList list{*this, L"list", {3300, 150, 2500, 2400}, {.click = diary.noting("list")}};
 };
 
 /// A frame with a menu, two children of it and one too large for it, and a window.
-class RahmenQt : public testing::Test, public Playground {
+class RahmenQt : public OnToolkit<Playground> {
 protected:
-    RahmenQt()
-        : Playground(&klopfmeise::backend()) {
-        klopfmeise::backend().setRuntime(runtime);
+    RahmenQt() {
         add<FrameForm>(
             L"Frame",
             {.kind = FormKind::frame, .menu = {{L"Top", L"Gruppen"}}, .state = WindowState::maximised});
@@ -66,7 +63,6 @@ protected:
         add<Child>(L"Large", child);
         add(L"Small", {.kind = FormKind::window, .width = 3000, .height = 2000});
     }
-    ~RahmenQt() override { unloadAll(runtime); }
 
     std::string shown(std::initializer_list<std::wstring_view> names) {
         for (const auto name : names)
@@ -78,10 +74,6 @@ protected:
         return diary.take();
     }
     Child& one() { return form<Child>(L"One"); }
-    QWidget& widget(std::wstring_view form) { return viewOf(*runtime.loaded(form)).widget(); }
-    QWidget& widget(const Control& control) {
-        return *viewOf(formOf(control)).widget().findChild<QWidget*>(toQt(control.fullName()));
-    }
     FrameWindow& frame() { return static_cast<FrameWindow&>(*widget(L"Frame").window()); }
     QMdiSubWindow& window(std::wstring_view form) {
         return static_cast<QMdiSubWindow&>(*widget(form).parentWidget());
@@ -105,14 +97,17 @@ protected:
         strike(frame(), key, QString::fromUtf8(text));
         return diary.take();
     }
+    std::string turned(const Control& control, int angle) {
+        turn(widget(control), angle);
+        return diary.take();
+    }
 };
 
 TEST_F(RahmenQt, TheFrameFillsTheScreenAndHoldsItsMenuItsStripAndItsChildren) {
     EXPECT_TRUE(shown({L"One"}).starts_with("Frame.load Frame.activate One.load One.activate Frame.resize"));
     const QMdiArea& area = frame().area();
     EXPECT_TRUE(frame().isMaximized());
-    const double pixel =
-        klopfmeise::backend().screen().width / static_cast<double>(frame().screen()->size().width());
+    const double pixel = toolkit().screen().width / static_cast<double>(frame().screen()->size().width());
     EXPECT_NEAR(runtime.loaded(L"Frame")->width(), frame().width() * pixel, 1);
     const QWidget& strip = widget(L"Frame");
     EXPECT_EQ(strip.mapTo(&frame(), QPoint()), QPoint(0, frame().menuBar()->height()));
@@ -147,7 +142,7 @@ TEST_F(RahmenQt, TheUserMovesAmongTheChildrenAndAWindowOverThemStaysActive) {
     EXPECT_EQ(happened(), "One.unload Two.activate");
     EXPECT_EQ(QGuiApplication::focusWindow(), small);
     EXPECT_EQ(active(), L"Small");
-    EXPECT_EQ(clicked(frame(), {400, 500}), "Small.deactivate Frame.activate");
+    EXPECT_EQ(clicked(frame(), {100, 500}), "Small.deactivate Frame.activate");
     EXPECT_EQ(active(), L"Two");
     small->close();
     EXPECT_EQ(happened(), "Small.unload");
@@ -166,24 +161,21 @@ TEST_F(RahmenQt, WidgetsStandInTheOrderOfTheirControlsHoweverLateTheyAreMade) {
         control->show();
         settle();
     }
-    std::string order;
     one().slider.setFocus();
-    for (int i = 0; i < 3; ++i) {
-        struck(Qt::Key_Tab, "\t");
-        order += frame().focusWidget()->objectName().toStdString() + " ";
-    }
     // Inside a group of options the arrow keys lead on.
-    EXPECT_EQ(order, "first box list ");
-    EXPECT_EQ(one().focus(), &one().list);
-    struck(Qt::Key_Tab, "\t");
-    EXPECT_EQ(one().focus(), &one().code);
+    for (const Control* next :
+         std::initializer_list<Control*>{&one().first, &one().box, &one().list, &one().code}) {
+        struck(Qt::Key_Tab, "\t");
+        EXPECT_EQ(one().focus(), next);
+        EXPECT_EQ(frame().focusWidget()->objectName(), toQt(next->fullName()));
+    }
 }
 
 TEST_F(RahmenQt, WhatTheUserSetsIsHeardOnceAndWhatTheProgramSetsNever) {
     const Wegwerfordner folder;
     const std::wstring path = logikpfad(folder.pfad());
     files.makeFolder(path + L"\\a");
-    files.makeFolder(path + L"\\b");
+    files.makeFolder(path + L"\\ein Name, der nicht in die Liste passt");
     shown({L"One"});
     one().list.setPath(path);
     one().slider.setValue(5);
@@ -203,12 +195,42 @@ TEST_F(RahmenQt, WhatTheUserSetsIsHeardOnceAndWhatTheProgramSetsNever) {
     EXPECT_EQ(clicked(one().box), "box");
     EXPECT_EQ(one().box.value(), 0);
     one().slider.setFocus();
-    EXPECT_EQ(struck(Qt::Key_Right), "slider");
-    EXPECT_EQ(one().slider.value(), 6);
+    for (const auto& [key, after] :
+         {std::pair(Qt::Key_Right, 6), {Qt::Key_PageUp, 11}, {Qt::Key_PageDown, 6}, {Qt::Key_End, 30}}) {
+        EXPECT_EQ(struck(key), "slider");
+        EXPECT_EQ(one().slider.value(), after);
+    }
+    // A notch of the wheel is the small step.
+    EXPECT_EQ(turned(one().slider, -120), "slider");
+    EXPECT_EQ(turned(one().slider, -60), "");
+    EXPECT_EQ(turned(one().slider, -60), "slider");
+    EXPECT_EQ(one().slider.value(), 28);
     for (int i = 0; i < 2; ++i)
         EXPECT_EQ(clicked(widget(one().list), {20, 5}), "list");
     EXPECT_EQ(struck(Qt::Key_Down), "list");
     EXPECT_EQ(one().list.selected(), 1);
+    const auto& rows = dynamic_cast<QListView&>(widget(one().list));
+    EXPECT_GT(rows.horizontalScrollBar()->maximum(), 0);
+}
+
+TEST_F(RahmenQt, AnOptionInTwoLinesIsTextForWhoHearsItAndCanBePressed) {
+    shown({L"One"});
+    QAccessibleInterface* heard = QAccessible::queryAccessibleInterface(&widget(one().first));
+    EXPECT_EQ(heard->text(QAccessible::Name), QStringLiteral("Eine Wahl in zwei Zeilen"));
+    EXPECT_EQ(heard->role(), QAccessible::RadioButton);
+    heard->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_EQ(happened(), "first");
+    EXPECT_TRUE(heard->state().checked);
+    EXPECT_FALSE(QAccessible::queryAccessibleInterface(&widget(one().second))->state().checked);
+    // Its caption is drawn, in each of the two lines.
+    const QImage image = widget(one().first).grab().toImage();
+    for (const int half : {0, 1}) {
+        const QImage line =
+            image.copy(image.width() / 4, half * image.height() / 2, image.width() / 2, image.height() / 2);
+        QImage plain = line;
+        plain.fill(plain.pixelColor(0, 0));
+        EXPECT_NE(line, plain) << half;
+    }
 }
 
 } // namespace

@@ -1,12 +1,6 @@
-#include "platform/controls/rich_text_box.h"
-#include "tests/buehne.h"
 #include "tests/fenster/ein_backend.h"
-#include "tests/platform/diary.h"
-
-#include <gtest/gtest.h>
 
 #include <QClipboard>
-#include <QGuiApplication>
 #include <QTextEdit>
 
 namespace klopfmeise {
@@ -15,33 +9,28 @@ namespace {
 class Bogen final : public NotingForm {
 public:
     using NotingForm::NotingForm;
-    RichTextBox box{
-        *this,
-        L"box",
-        {300, 300, 8000, 5000},
-        {.change = [this] { ++änderungen; }, .overflow = [this] { übergelaufenBei = änderungen; }}};
-    int änderungen = 0;
-    int übergelaufenBei = 0;
+    RichTextBox box{*this,
+                    L"box",
+                    {300, 300, 8000, 5000},
+                    {.change = diary.noting("change"), .overflow = diary.noting("overflow")}};
 };
 
 /// An editor in a window of its own, on files of the test.
-class EditorQt : public testing::Test, public Playground {
+class EditorQt : public OnToolkit<Playground> {
 protected:
-    EditorQt()
-        : Playground(&klopfmeise::backend()) {
-        klopfmeise::backend().setRuntime(runtime);
+    EditorQt() {
         add<Bogen>(L"Bogen", {.kind = FormKind::window, .width = 9000, .height = 6000});
         runtime.show(L"Bogen");
         settle();
-        edit = viewOf(bogen()).widget().findChild<QTextEdit*>();
+        edit = widget(L"Bogen").findChild<QTextEdit*>();
         edit->setFocus();
     }
-    ~EditorQt() override { unloadAll(runtime); }
 
     void laden(std::string_view bytes) {
         dateiSchreiben(ordner.pfad() / "text.txt", bytes);
-        box().loadFile(logikpfad(ordner.pfad()) + L"\\text.txt");
+        box().loadFile(logikpfad(ordner.pfad() / "text.txt"));
         settle();
+        diary.take();
     }
     void taste(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         strike(*edit, key, {}, modifiers);
@@ -52,10 +41,7 @@ protected:
         QGuiApplication::clipboard()->setText(text);
         mitStrg(Qt::Key_V);
     }
-    Bogen& bogen() { return form<Bogen>(L"Bogen"); }
-    RichTextBox& box() { return bogen().box; }
-    /// Like the box itself, and nothing else.
-    std::vector<RtfRun> schlicht(const std::wstring& text) { return {{text, box().ownFormat()}}; }
+    RichTextBox& box() { return form<Bogen>(L"Bogen").box; }
     std::vector<RtfRun> läufe(std::size_t absatz = 0) { return box().document().paragraphs.at(absatz).runs; }
 
     const Wegwerfordner ordner;
@@ -71,21 +57,20 @@ TEST_F(EditorQt, ThereIsNoUndo) {
     mitStrg(Qt::Key_Z);
     EXPECT_EQ(box().text(), L"Igeln");
     EXPECT_EQ(edit->toPlainText(), QStringLiteral("Igeln"));
-    EXPECT_EQ(bogen().änderungen, 1);
+    EXPECT_EQ(diary.take(), "change");
 }
 
 TEST_F(EditorQt, WhatIsTypedIntoTheEmptiedBoxLooksLikeTheBox) {
-    const std::string bunt =
-        "{\\rtf1{\\fonttbl{\\f0 Arial;}}{\\colortbl;\\red255;}\\f0\\fs60\\b\\i\\ul\\cf1 eins\\par zwei\\par}";
     for (const bool allesAufEinmal : {false, true}) {
-        laden(bunt);
+        laden("{\\rtf1{\\fonttbl{\\f0 Arial;}}{\\colortbl;\\red255;}\\f0\\fs60\\b\\i\\ul\\cf1 eins\\par "
+              "zwei\\par}");
         if (allesAufEinmal)
             mitStrg(Qt::Key_A);
         for (int i = 0; i < (allesAufEinmal ? 1 : 9); ++i)
             taste(Qt::Key_Delete);
         ASSERT_EQ(box().text(), L"");
         tippen("x");
-        EXPECT_EQ(läufe(), schlicht(L"x"));
+        EXPECT_EQ(läufe(), (std::vector<RtfRun>{{L"x", box().ownFormat()}}));
     }
     // An empty line of a text goes on in the format above it.
     laden("{\\rtf1\\fs60 eins\\par\\par}");
@@ -100,7 +85,7 @@ TEST_F(EditorQt, PlacesAreThoseOfTheModelBehindLineEndsAndEmoji) {
     EXPECT_EQ(box().text(), L"a\U0001F600b\r\nc\r\nd\r\ne");
     taste(Qt::Key_End, Qt::ControlModifier);
     EXPECT_EQ(box().selectionStart(), static_cast<int>(box().text().size()));
-    EXPECT_EQ(bogen().änderungen, 0);
+    EXPECT_EQ(diary.take(), "");
 
     for (const auto& [place, letter] :
          {std::pair{1, L'x'}, {3, L'y'}, {4, L'z'}, {8, L'u'}, {12, L'v'}, {16, L'w'}}) {
@@ -130,13 +115,11 @@ TEST_F(EditorQt, WhatNoKeyTypesAndWhatIsTooMuchDoesNotGetIn) {
     tippen("\r", Qt::Key_Return);
     EXPECT_EQ(box().text().size(), rtfMaxCharacters - 1);
     tippen("\r", Qt::Key_Return);
-    const int vorher = bogen().änderungen;
-    EXPECT_EQ(bogen().übergelaufenBei, vorher);
+    EXPECT_EQ(diary.take(), "change overflow");
     einfügen(QStringLiteral("bc"));
-    EXPECT_EQ(bogen().übergelaufenBei, vorher + 1) << "told behind the change";
-    bogen().übergelaufenBei = 0;
+    EXPECT_EQ(diary.take(), "change overflow") << "told behind the change";
     tippen("d");
-    EXPECT_EQ(bogen().übergelaufenBei, vorher + 1) << "nothing changed, but the key did not fit";
+    EXPECT_EQ(diary.take(), "overflow") << "nothing changed, but the key did not fit";
     EXPECT_EQ(box().text().size(), rtfMaxCharacters);
     EXPECT_TRUE(box().text().ends_with(L"a\r\nb"));
     EXPECT_EQ(edit->toPlainText().size(), static_cast<int>(rtfMaxCharacters) - 1);

@@ -78,8 +78,6 @@ class Schirm(contextlib.ExitStack):
     def __init__(self, breite, höhe):
         super().__init__()
         self.breite, self.höhe = breite, höhe
-        prüfe(PROGRAMM.parent.name == "fenster",
-              f"{PROGRAMM} liegt nicht in einem Ordner 'fenster': es läse nicht die maschine.reg des Tests")
         self.zoom = max(1.0, min(breite / 800, höhe / 600))
         self.links = max(0, (breite - round(800 * self.zoom)) // 2)
         self.oben = max(0, (höhe - round(600 * self.zoom)) // 2)
@@ -232,8 +230,13 @@ class Schirm(contextlib.ExitStack):
     # The program.
 
     def start(self, **weiteres):
+        prüfe(PROGRAMM.parent.name == "fenster",
+              f"{PROGRAMM} liegt nicht in einem Ordner 'fenster': es läse nicht die maschine.reg des Tests")
+        return self.start_mit([str(PROGRAMM)], **weiteres)
+
+    def start_mit(self, befehl, **weiteres):
         with open(self.ordner / "ausgabe.txt", "ab") as ausgabe:
-            return self.starten([str(PROGRAMM)], stdout=ausgabe, stderr=ausgabe, **weiteres)
+            return self.starten(befehl, stdout=ausgabe, stderr=ausgabe, **weiteres)
 
     def ausgabe(self):
         return (self.ordner / "ausgabe.txt").read_text(errors="replace")

@@ -5,12 +5,12 @@ import sys
 
 sys.dont_write_bytecode = True
 from ablage import DURCHGÄNGE, GENAUIGKEIT, LEKTION, STUFE, Ablage, doppelt, ganz
-from klopfmeise import (BILD, CODE_ZURÜCK, ENDE, INFO, INFO_OK, KLASSE_1, LEHRKRAFT, NEIN, SCHWARZ, START, STUFE_ZURÜCK,
-                        WEISS, ZURÜCK, Klopfmeise, gleich)
+from klopfmeise import (BILD, CODE_ZURÜCK, ENDE, HILFE, INFO, INFO_OK, KLASSE_1, KONTO, LEHRKRAFT, NEIN, SCHWARZ, START,
+                        STUFE_ZURÜCK, WEISS, ZURÜCK, Klopfmeise, gleich)
 from schirm import BUILD, Schirm, ausführen, prüfe, warte
 
 TEXTE_GESAMT = 40
-TEXT_TIPPEN = (316, 289)
+TEXT_TIPPEN, NEBEN_DEM_KONTO = (316, 289), (60, 530)
 # Right edge of the black frame around the text window, on the stage and in text typing.
 RAHMEN_STUFE, RAHMEN_TEXT = (767, 450), (760, 450)
 
@@ -41,6 +41,9 @@ def straße(breite, höhe):
         k.öffnet(BILD, "Lektion 1")
         schirm.foto_in_ruhe("07_lektionsbild")
         k.schließt("Lektion 1")
+        k.öffnet(HILFE, "Hilfe")
+        schirm.foto_in_ruhe("18_hilfe")
+        k.schließt("Hilfe")
 
         k.geh(START, "Stufe")
         text = ablage.stufentext(1)
@@ -67,6 +70,14 @@ def straße(breite, höhe):
         prüfe(ablage.satz(STUFE, 4) == ganz(2), "das Verlassen der Stufe ändert den Stand")
         k.geh(ENDE, "Menü")
         schirm.foto_in_ruhe("05_menue")
+        # The account view has the title of the page behind it.
+        vorher = set(schirm.fenster("^Klopfmeise$"))
+        schirm.klick(*KONTO)
+        konto = warte(lambda: set(schirm.fenster("^Klopfmeise$")) - vorher, "der Kontostand")
+        schirm.foto_in_ruhe("19_konto")
+        schirm.klick(*NEBEN_DEM_KONTO)
+        warte(lambda: not konto & set(schirm.fenster("^Klopfmeise$")), "der Kontostand geht zu")
+        k.warte_auf("Menü")
         k.geh(ENDE, "Endefrage")
         schirm.foto_in_ruhe("10_ende")
         k.geh(NEIN, "Klassenliste")

@@ -2,13 +2,10 @@
 #include "games/figuren.h"
 #include "games/steinespiel.h"
 #include "games/wolkenspiel.h"
-#include "platform/controls/button.h"
-#include "platform/controls/drawn.h"
 #include "platform/headless/headless_services.h"
 #include "screens/uebungen.h"
-#include "tests/buehne.h"
+#include "tests/probe.h"
 
-#include <gtest/gtest.h>
 #include <set>
 
 // Players who do anything at all: what must always hold is looked at after each of their moves.

@@ -1,18 +1,12 @@
-#include "platform/controls/drawn.h"
-#include "platform/controls/lists.h"
-#include "platform/controls/panels.h"
 #include "tests/ausfallende_dateien.h"
-#include "tests/buehne.h"
+#include "tests/probe.h"
 
 #include <functional>
-#include <gtest/gtest.h>
 #include <random>
 #include <set>
 
 namespace klopfmeise {
 namespace {
-
-namespace fs = std::filesystem;
 
 /// A child's road from the first click to the passed stage, as far as it comes.
 void spielen(Bühne& b) {

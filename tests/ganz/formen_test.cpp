@@ -1,15 +1,9 @@
-#include "platform/controls/checks.h"
-#include "platform/controls/drawn.h"
-#include "platform/values/text.h"
-#include "tests/buehne.h"
+#include "tests/probe.h"
 
-#include <gtest/gtest.h>
 #include <set>
 
 namespace klopfmeise {
 namespace {
-
-namespace fs = std::filesystem;
 
 /// Controls that stand outside their container on purpose.
 const std::set<std::wstring> frei{L"frmPfad.cmdPfad", L"Lern1.Dir1", L"Tastatur1.Label1(2)",

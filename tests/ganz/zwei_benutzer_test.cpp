@@ -1,20 +1,17 @@
 #include "platform/values/windows1252.h"
 #include "store/einstellungsdatei.h"
-#include "tests/buehne.h"
 #include "tests/platform/machine/troubles.h"
+#include "tests/probe.h"
 
 #include <array>
 #include <cstdio>
 #include <functional>
 #include <grp.h>
-#include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace klopfmeise {
 namespace {
-
-namespace fs = std::filesystem;
 
 /// Users by their numbers alone; the machine need not know them.
 struct Benutzer {
@@ -134,21 +131,20 @@ TEST_F(ZweiBenutzer, WhatTheProgramOfOneMakesTheOtherCanWriteRenameAndDelete) {
                 Kontodatei neu(dateien, logikpfad(b.konto()));
                 EXPECT_TRUE(neu.WerteSchreiben() && neu.schließen());
                 tippen(L"fj f\r");
-                EXPECT_TRUE(textnameSchreiben(dateien, hasen, L"Anna.txt"));
-                EXPECT_TRUE(dateien.writeAll(pfad("Data/Texte/Neu.txt"), "von Anna"));
-                EXPECT_TRUE(dateien.makeFolder(pfad("Gruppen/Igel")));
-                EXPECT_TRUE(dateien.copyFile(pfad("Gruppen/KME.ein"), pfad("Gruppen/Igel/KME.ein")));
-                EXPECT_TRUE(Kontodatei(dateien, pfad("Gruppen/Igel/Tim._")).WerteSchreiben());
+                EXPECT_TRUE(textnameSchreiben(dateien, hasen, L"Anna.txt") &&
+                            dateien.writeAll(pfad("Data/Texte/Neu.txt"), "von Anna"));
+                EXPECT_TRUE(dateien.makeFolder(pfad("Gruppen/Igel")) &&
+                            dateien.copyFile(pfad("Gruppen/KME.ein"), pfad("Gruppen/Igel/KME.ein")) &&
+                            Kontodatei(dateien, pfad("Gruppen/Igel/Tim._")).WerteSchreiben());
             });
             EXPECT_EQ(genauigkeit(), 100);
             als(bernd, umask, [&] {
                 tippen(L"fjx f\r");
-                EXPECT_TRUE(textnameSchreiben(dateien, hasen, L"Bernd.txt"));
-                EXPECT_TRUE(dateien.writeAll(pfad("Data/Texte/Neu.txt"), "von Bernd"));
-                EXPECT_TRUE(wertSchreiben("Gruppen/Igel/Tim._"));
-                EXPECT_TRUE(wertSchreiben("Gruppen/Igel/KME.ein"));
-                EXPECT_TRUE(dateien.rename(pfad("Gruppen/Igel"), pfad("Gruppen/Dachs")));
-                EXPECT_TRUE(Kontodatei(dateien, pfad("Gruppen/Dachs/Eva._")).WerteSchreiben());
+                EXPECT_TRUE(textnameSchreiben(dateien, hasen, L"Bernd.txt") &&
+                            dateien.writeAll(pfad("Data/Texte/Neu.txt"), "von Bernd"));
+                EXPECT_TRUE(wertSchreiben("Gruppen/Igel/Tim._") && wertSchreiben("Gruppen/Igel/KME.ein"));
+                EXPECT_TRUE(dateien.rename(pfad("Gruppen/Igel"), pfad("Gruppen/Dachs")) &&
+                            Kontodatei(dateien, pfad("Gruppen/Dachs/Eva._")).WerteSchreiben());
             });
             EXPECT_LT(genauigkeit(), 100);
             EXPECT_EQ(dateiinhalt(b.daten() / "Data" / "Texte" / "Neu.txt"), "von Bernd");
@@ -163,8 +159,8 @@ TEST_F(ZweiBenutzer, WhatTheProgramOfOneMakesTheOtherCanWriteRenameAndDelete) {
                 EXPECT_TRUE(wertSchreiben("Gruppen/Dachs/Eva._"));
                 for (const wchar_t* was : {L"Eva._", L"Tim._", L"KME.ein"})
                     EXPECT_TRUE(dateien.removeFile(pfad("Gruppen/Dachs/") + L"\\" + logikpfad(was))) << was;
-                EXPECT_TRUE(dateien.removeFolder(pfad("Gruppen/Dachs")));
-                EXPECT_TRUE(dateien.removeFile(pfad("Data/Texte/Neu.txt")));
+                EXPECT_TRUE(dateien.removeFolder(pfad("Gruppen/Dachs")) &&
+                            dateien.removeFile(pfad("Data/Texte/Neu.txt")));
             });
         }
 }

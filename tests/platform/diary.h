@@ -1,15 +1,10 @@
 #pragma once
 
-#include "platform/forms/form_runtime.h"
 #include "platform/forms/timer.h"
-#include "platform/headless/headless_backend.h"
-#include "platform/headless/headless_user.h"
-#include "platform/machine/posix_files.h"
+#include "tests/probe.h"
 
 #include <functional>
 #include <map>
-#include <memory>
-#include <string>
 #include <utility>
 
 namespace klopfmeise {
@@ -69,6 +64,12 @@ struct Playground {
     template <class Made = NotingForm>
     Made& form(std::wstring_view name) {
         return static_cast<Made&>(*runtime.loaded(name));
+    }
+    /// What happens when these forms are shown one behind the other.
+    std::string shown(std::initializer_list<std::wstring_view> names) {
+        for (const auto name : names)
+            runtime.show(name);
+        return diary.take();
     }
     std::wstring active() { return std::wstring(runtime.active() ? runtime.active()->name() : L""); }
 

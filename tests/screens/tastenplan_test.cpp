@@ -2,46 +2,37 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-
 namespace klopfmeise {
 namespace {
 
-struct Griff {
-    std::wstring_view zeichen;
-    int taste;
-    std::vector<int> finger;
-};
-
-TEST(Tastenplan, ZeichenLiegenAufTasteUndFinger) {
-    const Griff griffe[] = {
-        {L"^°", 1, {1}},   {L"1!", 2, {1}},     {L"2²", 3, {1}},   {L"3§³", 4, {2}},   {L"4$", 5, {3}},
-        {L"5%", 6, {4}},   {L"6&", 7, {4}},     {L"7/{", 8, {7}},  {L"8([", 9, {7}},   {L"9)]", 10, {8}},
-        {L"0=}", 11, {9}}, {L"ß?\\", 12, {10}}, {L"´`", 13, {10}}, {L"qQ@", 16, {1}},  {L"wW", 17, {2}},
-        {L"eE€", 18, {3}}, {L"rR", 19, {4}},    {L"tT", 20, {4}},  {L"zZ", 21, {7}},   {L"uU", 22, {7}},
-        {L"iI", 23, {8}},  {L"oO", 24, {9}},    {L"pP", 25, {10}}, {L"üÜ", 26, {10}},  {L"+*~", 27, {10}},
-        {L"aA", 30, {1}},  {L"sS", 31, {2}},    {L"dD", 32, {3}},  {L"fF", 33, {4}},   {L"gG", 34, {4}},
-        {L"hH", 35, {7}},  {L"jJ", 36, {7}},    {L"kK", 37, {8}},  {L"lL", 38, {9}},   {L"öÖ", 39, {10}},
-        {L"äÄ", 40, {10}}, {L"#'", 41, {10}},   {L"<>|", 43, {1}}, {L"yY", 44, {1}},   {L"xX", 45, {2}},
-        {L"cC", 46, {3}},  {L"vV", 47, {4}},    {L"bB", 48, {4}},  {L"nN", 49, {7}},   {L"mM", 50, {7}},
-        {L",;", 51, {8}},  {L".:", 52, {9}},    {L"-_", 53, {10}}, {L" ", 57, {5, 6}},
+TEST(Tastenplan, CharactersLieOnTheirKeyAndFingerAndSomeOnNone) {
+    struct Reihe {
+        int erste;
+        /// Without, with shift, with Alt Gr; and the fingers, A the tenth.
+        std::vector<std::wstring> ebenen;
+        std::string finger;
     };
-    for (const Griff& griff : griffe)
-        for (const wchar_t z : griff.zeichen) {
-            SCOPED_TRACE(static_cast<int>(z));
-            EXPECT_EQ(tasteFür(z), griff.taste);
-            EXPECT_EQ(tasteFürZeichencode(z), griff.taste);
-            EXPECT_EQ(fingerFür(griff.taste), griff.finger);
-        }
-}
-
-TEST(Tastenplan, WasKeineTasteHat) {
+    const Reihe reihen[]{
+        {1, {L"^1234567890ß´", L"°! §$%&/()=?`", L"  ²³   {[]}\\ "}, "11123447789AA"},
+        {16, {L"qwertzuiopü+", L"QWERTZUIOPÜ*", L"@ €        ~"}, "123447789AAA"},
+        {30, {L"asdfghjklöä#", L"ASDFGHJKLÖÄ'"}, "123447789AAA"},
+        {43, {L"<yxcvbnm,.-", L">YXCVBNM;:_", L"|          "}, "1123447789A"},
+    };
+    for (const auto& [erste, ebenen, finger] : reihen)
+        for (const std::wstring& ebene : ebenen)
+            for (std::size_t i = 0; i < ebene.size(); ++i)
+                if (const wchar_t z = ebene[i]; z != L' ') {
+                    const int taste = erste + static_cast<int>(i);
+                    EXPECT_EQ(tasteFür(z), taste) << static_cast<int>(z);
+                    EXPECT_EQ(tasteFürZeichencode(z), taste) << static_cast<int>(z);
+                    EXPECT_EQ(fingerFür(taste), std::vector{finger[i] == 'A' ? 10 : finger[i] - '0'});
+                }
+    EXPECT_EQ(fingerFür(tasteFür(L' ')), (std::vector{5, 6}));
+    EXPECT_TRUE(fingerFür(42).empty());
     for (const wchar_t z : {L'"', L'\b', L'\r', L'\n', L'\t', L'\0', L'µ', L'ẞ'})
         EXPECT_EQ(tasteFür(z), 0) << static_cast<int>(z);
-    EXPECT_EQ(tasteFürZeichencode(L'"'), 0);
-    EXPECT_EQ(tasteFürZeichencode(8), 14);
-    EXPECT_EQ(tasteFürZeichencode(13), 28);
-    EXPECT_TRUE(fingerFür(42).empty());
+    for (const auto& [code, taste] : {std::pair(int{L'"'}, 0), {8, 14}, {13, 28}, {32, 57}})
+        EXPECT_EQ(tasteFürZeichencode(code), taste) << code;
 }
 
 } // namespace

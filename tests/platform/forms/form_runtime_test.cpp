@@ -1,11 +1,7 @@
 #include "tests/platform/diary.h"
 
-#include <gtest/gtest.h>
-
 namespace klopfmeise {
 namespace {
-
-using std::string_literals::operator""s;
 
 /// A, B and C are full-screen forms, Small is a window, One and Two are children of Frame.
 class FormRuntimeTest : public testing::Test, public Playground {
@@ -17,12 +13,6 @@ protected:
         add(L"Frame", {.kind = FormKind::frame});
         for (const auto name : {L"One", L"Two"})
             add(name, {.kind = FormKind::child, .frame = L"Frame"});
-    }
-    /// What happens when these forms are shown one behind the other.
-    std::string shown(std::initializer_list<std::wstring_view> names) {
-        for (const auto name : names)
-            runtime.show(name);
-        return diary.take();
     }
 };
 

@@ -1,18 +1,15 @@
 #include "platform/machine/reg_file.h"
-#include "platform/values/text.h"
 #include "platform/values/windows1252.h"
-#include "tests/buehne.h"
 #include "tests/platform/machine/troubles.h"
+#include "tests/probe.h"
 
 #include <cerrno>
-#include <gtest/gtest.h>
 #include <iterator>
 #include <optional>
 
 namespace klopfmeise {
 namespace {
 
-using std::string_literals::operator""s;
 using Type = Registry::Type;
 
 /// Type and bytes, comparable.
@@ -40,7 +37,7 @@ protected:
         EXPECT_EQ(file_.close(opened), RegistryStatus::success);
     }
     void lay(const std::string& lines) { dateiSchreiben(path_, lines); }
-    auto entries() const { return std::distance(std::filesystem::directory_iterator(folder_.pfad()), {}); }
+    auto entries() const { return std::distance(fs::directory_iterator(folder_.pfad()), {}); }
 
     Wegwerfordner folder_;
     std::string path_ = (folder_.pfad() / "machine.reg").string();
@@ -76,12 +73,7 @@ TEST_F(RegFileTest, WhatIsSetComesBackAndTheRestOfTheFileStays) {
     const Content text(Type::string, "1\"2");
     const Content lines(Type::multiString, "a\0b"s);
     const Content number(Type::dword, "\7\0\0\x80"s);
-    const struct {
-        std::string before;
-        std::string name;
-        Content value;
-        std::string after;
-    } cases[]{
+    const std::tuple<std::string, std::string, Content, std::string> cases[]{
         {other + keyLine + "\"Kept\"=\"a\"\r\n\"Pin\"=\"7\"\r\n\r\n" + other, "PIN", text,
          other + keyLine + "\"Kept\"=\"a\"\r\n\"Pin\"=hex(1):31,22,32\r\n\r\n" + other},
         {other + keyLine + "\"Kept\"=\"a\"\r\n\r\n" + other, "N", lines,
@@ -100,6 +92,23 @@ TEST_F(RegFileTest, WhatIsSetComesBackAndTheRestOfTheFileStays) {
         EXPECT_EQ(dateiinhalt(path_), after);
         EXPECT_EQ(read(name), value);
         EXPECT_EQ(entries(), 1) << "a temporary file is left";
+    }
+    // A file that was cut, and what stands behind a value and is no comment.
+    const std::string cut = keyLine + "\"Path\"=hex(1):31,\\";
+    for (const auto& [before, after] : {std::pair(cut, cut + "\r\n\r\n\"Pin\"=dword:80000007\r\n"),
+                                        {cut + "\\", cut + "\\\r\n\r\n\"Pin\"=dword:80000007\r\n"},
+                                        {keyLine + "\"Pin\"=\"7\" \xFF\\\r\n\"Z\"=\"x\"\r\n",
+                                         keyLine + "\"Pin\"=dword:80000007\r\n\"Z\"=\"x\"\r\n"},
+                                        {keyLine + "\"Pin\"=\"\xFF\"\r\n\"Z\"=\"\xC3\xA4\"\r\n",
+                                         keyLine + "\"Pin\"=dword:80000007\r\n\"Z\"=\"Ã¤\"\r\n"}}) {
+        lay(before);
+        const auto path = read("Path");
+        const auto z = read("Z");
+        write("Pin", number);
+        EXPECT_EQ(dateiinhalt(path_), after);
+        EXPECT_EQ(read("Pin"), number);
+        EXPECT_EQ(read("Path"), path);
+        EXPECT_EQ(read("Z"), z);
     }
     // What an administrator writes meanwhile stays too.
     const auto opened = open(RegFile::writeAccess);
@@ -122,12 +131,11 @@ TEST_F(RegFileTest, EachEncodingIsReadAndWrittenBackAsItIs) {
     const std::wstring mark = L"\uFEFF";
     const std::wstring laid = L"; Süd\r\n[HKEY_LOCAL_MACHINE\\Software\\Klopfmeise]\r\n\"Öl\"=\"ä€\"\r\n";
     using Encoding = std::string (*)(std::wstring_view);
-    const std::pair<std::wstring, Encoding> encodings[]{{laid, toUtf8},
-                                                        {mark + laid, toUtf8},
-                                                        {laid, toWindows1252},
-                                                        {mark + laid, toUtf16<false>},
-                                                        {mark + laid, toUtf16<true>}};
-    for (const auto& [text, encoded] : encodings) {
+    for (const auto& [text, encoded] : {std::pair<std::wstring, Encoding>{laid, toUtf8},
+                                        {mark + laid, toUtf8},
+                                        {laid, toWindows1252},
+                                        {mark + laid, toUtf16<false>},
+                                        {mark + laid, toUtf16<true>}}) {
         lay(encoded(text + L"\"Pin\"=\"7294\""));
         SCOPED_TRACE(dateiinhalt(path_));
         EXPECT_EQ(read("\xD6L"), Content(Type::string, "\xE4\x80\0"s));
@@ -136,65 +144,68 @@ TEST_F(RegFileTest, EachEncodingIsReadAndWrittenBackAsItIs) {
         write("L\xE4nge", {Type::dword, "\2\0\0\0"s});
         EXPECT_EQ(dateiinhalt(path_), encoded(text + L"\"Pin\"=hex(1):31\r\n\"Länge\"=dword:00000002\r\n"));
     }
-    // An export in UTF-16 tells a string's bytes in units of two; a key that is taken away takes its values.
-    lay(toUtf16<false>(mark + laid + L"\"Pin\"=hex(1):37,00,32,00,00,00\r\n"));
-    EXPECT_EQ(read("Pin"), Content(Type::string, "72\0"s));
-    lay(toUtf16<false>(mark + laid + L"\"Path\"=hex(1):dc,00,1a,04,00,00\r\n"));
-    EXPECT_EQ(read("Path"), Content(Type::string, "\xEF\xBB\xBF\u00DC\u041A\0"s));
+    // Cut in the middle of a character.
+    const std::string half = toUtf16<false>((mark + laid).substr(0, laid.size() - 1)) + "x";
+    lay(half);
+    write("Pin", {Type::string, "1"});
+    EXPECT_EQ(dateiinhalt(path_), toUtf16<false>(mark + laid + L"\"Pin\"=hex(1):31\r\n"));
+    // An export in UTF-16 tells a string's bytes in units of two. Beyond the code page, in a pair of units
+    // and in one, it is UTF-8 behind its mark. A key that is taken away takes its values.
+    for (const auto& [line, value] :
+         {std::pair(L"\"Pin\"=hex(1):37,00,32,00,00,00\r\n", "72\0"s),
+          {L"\"Pin\"=hex(1):dc,00,1a,04,00,00\r\n", "\xEF\xBB\xBF\u00DC\u041A\0"s},
+          {L"\"Pin\"=\"\xD83D\xDE00 шк\"\r\n", "\xEF\xBB\xBF😀 шк\0"s}}) {
+        lay(toUtf16<false>(mark + laid + line));
+        EXPECT_EQ(read("Pin"), Content(Type::string, value));
+    }
     lay(toUtf16<false>(mark + laid + L"[-HKEY_LOCAL_MACHINE\\Software\\KLOPFMEISE]\r\n\"Pin\"=\"1\"\r\n"));
     EXPECT_FALSE(read("Pin"));
-    // Beyond the code page, in a pair of units and in one: UTF-8 behind its mark.
-    lay(toUtf16<false>(mark + laid + L"\"Path\"=\"\xD83D\xDE00 шк\"\r\n"));
-    EXPECT_EQ(read("Path"), Content(Type::string, "\xEF\xBB\xBF😀 шк\0"s));
-}
-
-TEST_F(RegFileTest, TheFolderIsMadeForAllToReadWhateverTheUmask) {
-    path_ = (folder_.pfad() / "etc" / "klopfmeise" / "maschine.reg").string();
-    file_ = RegFile(path_);
-    const auto mode = [](const std::filesystem::path& path) {
-        return static_cast<unsigned>(std::filesystem::status(path).permissions());
-    };
-    const Umask umask(0077);
-    EXPECT_EQ(file_.create(RegFile::localMachine, key_, RegFile::writeAccess).disposition, 1U);
-    EXPECT_EQ(mode(path_), 0644U);
-    EXPECT_EQ(mode(std::filesystem::path(path_).parent_path()), 0755U);
-    // An administrator's own rights stay.
-    std::filesystem::permissions(path_, std::filesystem::perms{0640});
-    write("Pin", {Type::string, "1"});
-    EXPECT_EQ(mode(path_), 0640U);
 }
 
 TEST_F(RegFileTest, AFailedWriteLeavesTheFileAndIsTold) {
     using Call = FailingCall::Call;
     const std::string before = keyLine + "\"Pin\"=\"7294\"\r\n";
-    const std::string after = keyLine + "\"Pin\"=hex(1):31\r\n";
     // A file that is laid into its place by itself, as in a container, can only be written over.
-    for (const auto& [call, error, written] :
-         {std::tuple(Call::flush, EIO, false), {Call::close, ENOSPC, false}, {Call::rename, EBUSY, true}}) {
+    for (const auto& [call, error, after] : {std::tuple(Call::flush, EIO, before),
+                                             {Call::close, ENOSPC, before},
+                                             {Call::rename, EBUSY, keyLine + "\"Pin\"=hex(1):31\r\n"}}) {
         lay(before);
         const auto opened = open(RegFile::writeAccess);
         file_.set(opened, "Pin", {Type::string, "1"});
         const FailingCall failing(call, error, folder_.pfad());
-        EXPECT_EQ(file_.close(opened), written ? RegistryStatus::success : RegistryStatus::accessDenied);
-        EXPECT_EQ(dateiinhalt(path_), written ? after : before);
+        EXPECT_EQ(file_.close(opened) == RegistryStatus::success, after != before);
+        EXPECT_EQ(dateiinhalt(path_), after);
         EXPECT_EQ(entries(), 1);
     }
 }
 
-TEST_F(RegFileTest, AKeyIsMadeOnceOnlyInTheMachinesHiveAndWrittenOnlyIfOpenedForIt) {
-    constexpr std::uint32_t currentUser = 0x80000001;
-    const auto create = [&](std::uint32_t hive) { return file_.create(hive, key_, RegFile::writeAccess); };
+TEST_F(RegFileTest, AKeyIsMadeOnceForAllToReadWhateverTheUmaskAndWrittenOnlyIfOpenedForIt) {
+    path_ = (folder_.pfad() / "etc" / "klopfmeise" / "maschine.reg").string();
+    file_ = RegFile(path_);
+    const auto mode = [](const fs::path& path) {
+        return static_cast<unsigned>(fs::status(path).permissions());
+    };
+    const auto create = [&](std::uint32_t hive = RegFile::localMachine) {
+        return file_.create(hive, key_, RegFile::writeAccess);
+    };
     EXPECT_EQ(file_.open(RegFile::localMachine, key_, RegFile::readAccess).status,
               RegistryStatus::fileNotFound);
-    EXPECT_EQ(create(RegFile::localMachine).disposition, 1U);
-    EXPECT_EQ(create(RegFile::localMachine).disposition, 2U);
-    EXPECT_EQ(create(currentUser).status, RegistryStatus::accessDenied);
+    const Umask umask(0077);
+    EXPECT_EQ(create().disposition, 1U);
+    EXPECT_EQ(create().disposition, 2U);
+    EXPECT_EQ(create(0x80000001).status, RegistryStatus::accessDenied) << "the user's hive";
+    EXPECT_EQ(mode(path_), 0644U);
+    EXPECT_EQ(mode(fs::path(path_).parent_path()), 0755U);
 
     const auto opened = open(RegFile::readAccess);
     EXPECT_EQ(file_.set(opened, "Pin", {Type::string, "1"}), RegistryStatus::accessDenied);
     EXPECT_EQ(file_.close(opened), RegistryStatus::success);
     EXPECT_EQ(file_.close(opened), RegistryStatus::invalidHandle);
     EXPECT_EQ(dateiinhalt(path_), "Windows Registry Editor Version 5.00\r\n\r\n" + keyLine);
+    // An administrator's own rights stay.
+    fs::permissions(path_, fs::perms{0640});
+    write("Pin", {Type::string, "1"});
+    EXPECT_EQ(mode(path_), 0640U);
 }
 
 } // namespace

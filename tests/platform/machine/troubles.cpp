@@ -19,6 +19,7 @@ struct Trouble {
     Call call = Call::none;
     int error = 0;
     std::string folder;
+    int times = 0;
 };
 Trouble trouble;
 
@@ -36,10 +37,28 @@ bool meets(Call call, int descriptor) {
                  std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(descriptor), none).string());
 }
 
+bool openHere(const std::filesystem::path& path) {
+    std::error_code none;
+    for (const auto& descriptor : std::filesystem::directory_iterator("/proc/self/fd"))
+        if (std::filesystem::read_symlink(descriptor, none) == path)
+            return true;
+    return false;
+}
+
+/// Takes the old file away where it is open.
+bool meetsOpen(const char* path) {
+    if (trouble.call != Call::replaceOpen || (!openHere(path) && trouble.times-- <= 0) ||
+        !meets(Call::replaceOpen, path))
+        return false;
+    ::unlink(path);
+    errno = trouble.error;
+    return true;
+}
+
 } // namespace
 
-FailingCall::FailingCall(Call call, int error, std::string folder) {
-    trouble = {call, error, std::move(folder)};
+FailingCall::FailingCall(Call call, int error, std::string folder, int times) {
+    trouble = {call, error, std::move(folder), times};
 }
 
 FailingCall::~FailingCall() { trouble = {}; }
@@ -86,7 +105,7 @@ int close(int descriptor) {
 }
 
 int rename(const char* from, const char* to) noexcept {
-    if (klopfmeise::meets(klopfmeise::Call::rename, to))
+    if (klopfmeise::meets(klopfmeise::Call::rename, to) || klopfmeise::meetsOpen(to))
         return -1;
     return static_cast<int>(::syscall(SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0));
 }

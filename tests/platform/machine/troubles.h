@@ -14,10 +14,12 @@ namespace klopfmeise {
 /// something, says only then.
 class FailingCall {
 public:
-    enum class Call { none, flush, close, rename };
+    /// `replaceOpen`: a file does not take the place of one that is open in this program, or seems open
+    /// `times` times, and that one is gone by then, as on an SMB share.
+    enum class Call { none, flush, close, rename, replaceOpen };
 
     /// `error` is an errno. Only files below `folder` are met.
-    FailingCall(Call call, int error, std::string folder);
+    FailingCall(Call call, int error, std::string folder, int times = 0);
     ~FailingCall();
     FailingCall(FailingCall&&) = delete;
 };

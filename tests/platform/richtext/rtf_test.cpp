@@ -1,7 +1,5 @@
 #include "platform/richtext/rtf.h"
-#include "tests/buehne.h"
-
-#include <gtest/gtest.h>
+#include "tests/probe.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -10,7 +8,6 @@
 namespace klopfmeise {
 namespace {
 
-using std::string_literals::operator""s;
 using Texts = std::vector<std::pair<std::string, std::wstring>>;
 
 RtfDocument read(std::string_view bytes) { return readRtf(bytes).document; }
@@ -22,7 +19,7 @@ void expectTexts(const Texts& cases) {
 
 /// What a word processor wrote.
 std::string testDocument(const std::string& name) {
-    return dateiinhalt(std::filesystem::path(__FILE__).parent_path() / "documents" / name);
+    return dateiinhalt(fs::path(__FILE__).parent_path() / "documents" / name);
 }
 
 std::string repeated(std::string_view piece, std::size_t count) {
